@@ -1,0 +1,40 @@
+#include "core/Buffer.h"
+
+#include "core/Exception.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace VORN {
+
+std::span<std::uint8_t> BorrowConstBuffer::writableData() {
+    throw AccessException{kNoOrigin, "buffer fully", "it is const"};
+}
+
+void IncrementalBuffer::resize(std::uint64_t size) {
+    if (size > capacity_)
+        reserve(std::max(size, std::uint64_t{capacity_} + capacity_ / 2));
+    size_ = static_cast<std::size_t>(size);
+}
+
+void IncrementalBuffer::reserve(std::uint64_t capacity) {
+    if (capacity <= capacity_)
+        return;
+    // realloc moves large blocks by remapping their pages where the system can do that.
+    void* grown = nullptr;
+    if (capacity <= static_cast<std::uint64_t>(PTRDIFF_MAX))
+        grown = std::realloc(bytes_.get(), static_cast<std::size_t>(capacity));
+    if (grown == nullptr)
+        throw AllocateException{kNoOrigin, std::to_string(capacity) + " bytes"};
+    static_cast<void>(bytes_.release()); // realloc has freed or kept it
+    bytes_.reset(static_cast<std::uint8_t*>(grown));
+    capacity_ = static_cast<std::size_t>(capacity);
+}
+
+void IncrementalBuffer::append(std::span<const std::uint8_t> bytes) {
+    const std::size_t at = size_;
+    resize(std::uint64_t{at} + bytes.size());
+    std::ranges::copy(bytes, bytes_.get() + at);
+}
+
+} // namespace VORN

@@ -1,0 +1,61 @@
+#include "core/CppInStream.h"
+
+#include "core/Exception.h"
+#include "core/SignedBound.h"
+
+#include <string>
+
+namespace VORN {
+
+CppInStream::CppInStream(std::istream& in) : in_{&in} {
+    if (!in)
+        throw StreamException{kNoOrigin, "Wrapping bad input stream. "};
+}
+
+void CppInStream::read(std::span<std::uint8_t> destination) {
+    if (readSome(destination) != destination.size())
+        throw StreamException{kNoOrigin, "Failed to read from input stream. "};
+}
+
+std::size_t CppInStream::readSome(std::span<std::uint8_t> destination) {
+    const auto count = static_cast<std::streamsize>(checkSigned(destination.size()));
+    if (count == 0)
+        return 0;
+    in_->read(reinterpret_cast<char*>(destination.data()), count);
+    if (in_->bad())
+        throw StreamException{kNoOrigin, "Failed to read from input stream. "};
+    return static_cast<std::size_t>(in_->gcount());
+}
+
+bool CppInStream::atEnd() {
+    in_->peek();
+    if (in_->bad())
+        throw StreamException{kNoOrigin, "Failed to read from input stream. "};
+    return in_->eof();
+}
+
+void CppInStream::seek(std::uint64_t position) {
+    const auto target = static_cast<std::streamoff>(checkSigned(position));
+    in_->clear();
+    if (!in_->seekg(target))
+        throw StreamException{kNoOrigin, "Could not seek to position " + std::to_string(position) +
+                                             " in input stream. "};
+}
+
+std::uint64_t CppInStream::tell() {
+    const std::streamoff position = in_->tellg();
+    if (position < 0)
+        throw StreamException{kNoOrigin, "Failed to tell current position in input stream. "};
+    return static_cast<std::uint64_t>(position);
+}
+
+std::uint64_t CppInStream::size() {
+    const std::uint64_t remembered = tell();
+    if (!in_->seekg(0, std::ios::end))
+        throw StreamException{kNoOrigin, "Could not seek to position end in input stream. "};
+    const std::uint64_t end = tell();
+    seek(remembered);
+    return end;
+}
+
+} // namespace VORN

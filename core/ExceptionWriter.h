@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/Exception.h"
+#include "core/TextWriter.h"
+
+#include <mutex>
+#include <string>
+
+namespace VORN {
+
+/// The line by which `exception` is shown, its end of line included: the context, if any, the class
+/// name, the origin, if known, and the message.
+std::string printedForm(const Exception& exception, const std::string& context);
+
+/// Receives exceptions that nobody else could deal with.
+class ExceptionHandler {
+public:
+    virtual ~ExceptionHandler() = default;
+    virtual void handle(const Exception& exception, const std::string& context) = 0;
+};
+
+/// Writes every exception it is handed, each as one uninterrupted block, from any thread.
+class ExceptionWriter : public ExceptionHandler {
+public:
+    /// `out` is borrowed and must outlive the writer.
+    explicit ExceptionWriter(WriteStream& out) : writer_{out} {}
+
+    void handle(const Exception& exception, const std::string& context) override;
+    unsigned count() const { return count_; }
+
+private:
+    std::mutex mutex_; // guards what follows
+    Text::TextWriter writer_;
+    unsigned count_ = 0; // exceptions written so far
+};
+
+} // namespace VORN

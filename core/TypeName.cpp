@@ -1,0 +1,22 @@
+#include "core/TypeName.h"
+
+#include <cstdlib>
+#include <cxxabi.h>
+#include <memory>
+#include <string_view>
+
+namespace VORN {
+
+std::string className(const std::type_info& type) {
+    constexpr std::string_view kString =
+        "std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> >";
+    int status = 0;
+    const std::unique_ptr<char, decltype(&std::free)> demangled{
+        abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), &std::free};
+    std::string name = demangled ? demangled.get() : type.name();
+    for (auto at = name.find(kString); at != std::string::npos; at = name.find(kString, at))
+        name.replace(at, kString.size(), "std::string");
+    return "class " + name;
+}
+
+} // namespace VORN

@@ -1,0 +1,89 @@
+// Writes the package of builtin palettes as a C++ source: generatePackage FOLDER OUTPUT.cpp
+//
+// The palettes lie back to back from kFirstOffset on, after the leader, the index and its CRC-32.
+
+#include "core/BufferStream.h"
+#include "core/Crc32.h"
+#include "core/ResourcePackage.h"
+#include "core/Serialization.h"
+
+#include <array>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr std::size_t kFirstOffset = 664;
+constexpr std::array kNames{
+    "artkal.txt", "artkal_mini.txt", "hama.txt",   "hama_mini.txt",
+    "ikea.txt",   "nabbi.txt",       "kavrin.txt", "kavrin_mini.txt",
+};
+
+std::string readFile(const std::string& path) {
+    std::ifstream in{path, std::ios::binary};
+    if (!in)
+        throw std::runtime_error{"Failed to open " + path};
+    return {std::istreambuf_iterator<char>{in}, {}};
+}
+
+VORN::IncrementalBuffer makePackage(const std::string& folder) {
+    VORN::IncrementalBuffer package;
+    VORN::BufferStream stream{package};
+    VORN::Serializer out{stream};
+    std::string contents;
+    out.put(VORN::ResourcePackage::kLeader);
+    out.put(std::uint32_t{kNames.size()});
+    for (const char* name : kNames) {
+        const std::string text = readFile(folder + "/" + name);
+        out.put(std::string{"palettes/"} + name);
+        out.put(std::map<std::string, std::string>{
+            {"offset", std::to_string(kFirstOffset + contents.size())},
+            {"size", std::to_string(text.size())}});
+        contents += text;
+    }
+    VORN::Crc32 crc;
+    crc.update(package.data());
+    out.put(crc.value());
+    if (package.size() > kFirstOffset)
+        throw std::runtime_error{"The index does not fit before the first resource"};
+    while (package.size() < kFirstOffset)
+        out.put(std::uint8_t{0});
+    stream.write({reinterpret_cast<const std::uint8_t*>(contents.data()), contents.size()});
+    return package;
+}
+
+void writeSource(const VORN::Buffer& package, const std::string& path) {
+    constexpr int kBytesPerLine = 16;
+    std::ofstream out{path};
+    out << "#include \"core/BuiltinPackage.h\"\n\n#include <array>\n\nnamespace VORN {\n\n"
+        << "namespace {\n\nconstexpr std::array<std::uint8_t, " << package.size()
+        << "> kPackage{\n";
+    int column = 0;
+    for (const std::uint8_t byte : package.data())
+        out << +byte << (++column % kBytesPerLine == 0 ? ",\n" : ",");
+    out << "};\n\n} // namespace\n\n"
+        << "std::span<const std::uint8_t> builtinPackage() { return kPackage; }\n\n"
+        << "} // namespace VORN\n";
+    if (!out.flush())
+        throw std::runtime_error{"Failed to write " + path};
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::cerr << "usage: generatePackage FOLDER OUTPUT.cpp\n";
+        return 2;
+    }
+    try {
+        writeSource(makePackage(argv[1]), argv[2]);
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+        return 1;
+    }
+    return 0;
+}

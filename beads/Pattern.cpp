@@ -4,7 +4,6 @@
 
 #include <iostream>
 #include <limits>
-#include <optional>
 
 namespace VORN {
 
@@ -95,14 +94,14 @@ std::string_view takeLine(std::string_view& text) {
     return line;
 }
 
-std::optional<PatternStyle> styleNamed(std::string_view name) {
+} // namespace
+
+std::optional<PatternStyle> patternStyleNamed(std::string_view name) {
     const auto* const found = std::ranges::find(kPatternStyleNames, name);
     if (found == kPatternStyleNames.end())
         return std::nullopt;
     return static_cast<PatternStyle>(found - kPatternStyleNames.begin());
 }
-
-} // namespace
 
 bool Pattern::Read(ReadStream& in) {
     layers_.clear();
@@ -111,7 +110,7 @@ bool Pattern::Read(ReadStream& in) {
     std::string_view text{reinterpret_cast<const char*>(bytes.data().data()), bytes.size()};
     std::size_t lineNumber = 1;
     std::string_view afterFirst = text;
-    if (const auto named = styleNamed(takeLine(afterFirst))) {
+    if (const auto named = patternStyleNamed(takeLine(afterFirst))) {
         style = *named;
         text = afterFirst;
         ++lineNumber;

@@ -5,6 +5,7 @@
 #include "core/TextWriter.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,9 @@ enum class PatternStyle : unsigned {
 
 /// The names of the styles in the order of their values.
 constexpr std::array<std::string_view, 3> kPatternStyleNames{"square", "hex", "circle"};
+
+/// The style of that name, which must match exactly.
+std::optional<PatternStyle> patternStyleNamed(std::string_view name);
 
 /// The symbol of a bead that is not set.
 constexpr char kNoBead = '.';

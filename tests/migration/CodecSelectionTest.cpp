@@ -1,65 +1,59 @@
 #include "migration/CodecSelection.h"
-#include "core/BufferStream.h"
+#include "core/CppInStream.h"
+#include "core/CppOutStream.h"
+#include "core/TypeName.h"
+#include "migration/ImageMetadata.h"
 #include "migration/NativeImporter.h"
-#include "migration/NetPBMExporter.h"
-#include "migration/NetPBMImporter.h"
 #include "tests/Complaint.h"
 
 #include <gtest/gtest.h>
-#include <random>
+#include <sstream>
 
 namespace VORN::Migration {
 namespace {
 
 using namespace std::string_literals;
 
-std::string nameOf(const DataImporter* importer) {
-    if (dynamic_cast<const NetPBMImporter*>(importer) != nullptr)
-        return "NetPBM";
-    if (dynamic_cast<const NativeImporter*>(importer) != nullptr)
-        return "native";
-    return importer == nullptr ? "none" : "unknown";
+/// The name of the class chosen without its namespaces; "" when none was.
+template <class Codec>
+std::string nameOf(const std::unique_ptr<Codec>& codec) {
+    if (codec == nullptr)
+        return "";
+    const Codec& chosen = *codec;
+    const std::string name = className(typeid(chosen));
+    return name.substr(name.rfind(':') + 1);
 }
 
-std::string nameOf(const DataExporter* exporter) {
-    if (dynamic_cast<const NetPBMExporter*>(exporter) != nullptr)
-        return "NetPBM";
-    return exporter == nullptr ? "none" : "unknown";
-}
-
-std::span<const std::uint8_t> bytesOf(const std::string& text) {
-    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
-std::string textOf(const Buffer& buffer) { return {buffer.data().begin(), buffer.data().end()}; }
-
-/// A file of the native format with the metadata and the samples given.
-std::string nativeFile(const Metadata& metadata, const std::string& samples) {
-    IncrementalBuffer file;
-    BufferStream stream{file};
-    Serializer out{stream};
-    metadata.serialize(out);
-    out.put(samples); // the count and the bytes
-    return textOf(file);
-}
-
-Metadata textsOf(std::uint32_t width, std::uint32_t height, const std::string& type) {
+/// Metadata of a grey picture, with one more key.
+Metadata greyPicture(std::uint32_t width, std::uint32_t height, const std::string& type) {
     ImageMetadata image;
     image.width = width;
     image.height = height;
     image.channels = 1;
     image.set("Type", type);
+    image.set("Comment", "mine");
     Metadata texts;
     texts.assign(image);
     return texts;
 }
 
-const std::string kNativeFile = nativeFile(textsOf(2, 2, "8-bit unsigned little endian"), "abcd");
+/// A file of the native format.
+std::string nativeFile(const Metadata& metadata, const std::string& samples) {
+    std::ostringstream file;
+    CppOutStream stream{file};
+    Serializer out{stream};
+    metadata.serialize(out);
+    out.put(samples); // the count and the bytes
+    return file.str();
+}
 
-std::string importerOf(const std::string& fileName, const std::string& file) {
-    const BorrowConstBuffer bytes{bytesOf(file)};
-    ConstBufferStream stream{bytes};
-    const std::string name = nameOf(chooseImporter(fileName, stream).get());
+const std::string kNativeFile =
+    nativeFile(greyPicture(2, 2, "8-bit unsigned little endian"), "abcd");
+
+std::string chosenFor(const std::string& fileName, const std::string& file) {
+    std::istringstream in{file};
+    CppInStream stream{in};
+    const std::string name = nameOf(chooseImporter(fileName, stream));
     EXPECT_EQ(stream.tell(), 0U);
     return name;
 }
@@ -71,20 +65,19 @@ TEST(CodecSelection, GoesByExtensionFirst) {
         const char* exporter;
     };
     constexpr Case kCases[] = {
-        {"a.pbm", "NetPBM", "NetPBM"},   {"a.pgm", "NetPBM", "NetPBM"},
-        {"a.ppm", "NetPBM", "NetPBM"},   {"a.pam", "NetPBM", "NetPBM"},
-        {"A.B.PnM", "NetPBM", "NetPBM"}, {".pgm", "NetPBM", "NetPBM"},
-        {"a.gif", "none", "none"},       {"pgm", "none", "none"},
-        {"a.", "none", "none"},          {"", "none", "none"},
-        {"a.pgm/b", "none", "none"},     {"a.pgm.", "none", "none"},
-        {"a.pgmx", "none", "none"},      {"a.\xFF", "none", "none"},
+        {"a.pbm", "NetPBMImporter", "NetPBMExporter"},
+        {"a.pgm", "NetPBMImporter", "NetPBMExporter"},
+        {"a.ppm", "NetPBMImporter", "NetPBMExporter"},
+        {"a.pam", "NetPBMImporter", "NetPBMExporter"},
+        {"A.B.PnM", "NetPBMImporter", "NetPBMExporter"},
     };
     for (const Case& c : kCases) {
-        SCOPED_TRACE(c.fileName);
-        EXPECT_EQ(nameOf(importerByExtension(c.fileName).get()), c.importer);
-        EXPECT_EQ(nameOf(chooseExporter(c.fileName).get()), c.exporter);
-        EXPECT_EQ(importerOf(c.fileName, kNativeFile),
-                  c.importer == "none"s ? "native" : c.importer);
+        EXPECT_EQ(nameOf(chooseExporter(c.fileName)), c.exporter) << c.fileName;
+        EXPECT_EQ(chosenFor(c.fileName, kNativeFile), c.importer) << c.fileName;
+    }
+    for (const char* fileName : {"a.gif", "pgm", "a.", "a.pgm/b", ""}) {
+        EXPECT_EQ(nameOf(importerByExtension(fileName)), "") << fileName;
+        EXPECT_EQ(nameOf(chooseExporter(fileName)), "") << fileName;
     }
 }
 
@@ -93,91 +86,57 @@ TEST(CodecSelection, GoesByContentElse) {
         std::string file;
         const char* importer;
     };
-    const std::string tooManyKeys = "\xFF\xFF\0\0"s + kNativeFile.substr(4);
     std::string unordered = kNativeFile;
-    std::swap_ranges(unordered.begin() + 8, unordered.begin() + 10, unordered.begin() + 20);
-    Metadata incomplete;
-    incomplete.set("Width", "1");
-    Metadata more = textsOf(1, 1, "8-bit unsigned little endian");
-    more.set("Author", "me");
+    unordered[20] = 'A'; // a key that stands after "Channels"
     const Case kCases[] = {
-        {kNativeFile, "native"},
-        {nativeFile(more, "a"), "native"},
-        {nativeFile(incomplete, "a"), "none"},
-        {tooManyKeys, "none"},
-        {unordered, "none"},
-        {"P5 2 2 255 abcd", "none"}, // deliberately not recognised
-        {"\0\0\0\0\0\0\0\0"s, "none"},
-        {"\x07\0\0\0\xFF\xFF\xFF\xFF"s, "none"},
-        {"GIF89a", "none"},
-        {"", "none"},
+        {kNativeFile, "NativeImporter"},
+        {unordered, ""},
+        {"\xFF\xFF\0\0"s + kNativeFile.substr(4), ""}, // too many keys
+        {nativeFile(Metadata{}, "a"), ""},
+        {"P5 2 2 255 abcd", ""}, // deliberately not recognised
+        {"\x07\0\0\0\xFF\xFF\xFF\xFF"s, ""},
+        {"", ""},
     };
     for (const Case& c : kCases)
-        EXPECT_EQ(importerOf("picture.dat", c.file), c.importer) << c.file;
+        EXPECT_EQ(chosenFor("picture.dat", c.file), c.importer) << c.file;
 }
 
-Metadata without(const std::string& key) {
-    const Metadata all = textsOf(2, 2, "8-bit unsigned little endian");
-    Metadata rest;
-    for (const std::string& other : all.keys())
-        if (other != key)
-            rest.set(other, all.get(other));
-    return rest;
-}
-
-void importNative(const std::string& file, DynamicBuffer& buffer, Metadata& metadata) {
-    const BorrowConstBuffer bytes{bytesOf(file)};
-    ConstBufferStream stream{bytes};
+std::string importNative(const std::string& file) {
+    std::istringstream in{file};
+    CppInStream stream{in};
     NativeImporter importer;
     importer.setStream(&stream);
+    IncrementalBuffer buffer;
+    ImageMetadata metadata;
     importer.importImage(buffer, metadata);
+    EXPECT_TRUE(metadata.has("Comment"));
+    return {buffer.data().begin(), buffer.data().end()};
 }
 
-TEST(NativeImporter, ReadsItsFormatAndNothingElse) {
-    Metadata commented = textsOf(2, 1, "16-bit unsigned big endian");
-    commented.set("Comment", "mine");
-    Metadata badWidth = textsOf(2, 2, "8-bit unsigned little endian");
+TEST(NativeImporter, ReadsItsFormatOrSaysWhyNot) {
+    const Metadata wide = greyPicture(2, 1, "16-bit unsigned big endian");
+    Metadata badWidth = wide;
     badWidth.set("Width", "two");
     struct Case {
         std::string file;
-        std::string complaint;
+        const char* complaint;
     };
     const Case kCases[] = {
-        {nativeFile(commented, "abcd"), ""},
-        {nativeFile(commented, "abc"), "native : Expected 4 sample bytes but 3 are stored. "},
-        {nativeFile(textsOf(4294967295, 4294967295, "16-bit unsigned big endian"), "abc"),
+        {nativeFile(wide, "abcd"), ""},
+        {nativeFile(wide, "abc"), "native : Expected 4 sample bytes but 3 are stored. "},
+        {nativeFile(greyPicture(4294967295, 4294967295, "16-bit unsigned big endian"), "abc"),
          "Failed to allocate picture. "},
-        {nativeFile(textsOf(8, 1, "1-bit unsigned little endian"), ""),
+        {nativeFile(greyPicture(8, 1, "1-bit unsigned little endian"), ""),
          "No support for non-byte-aligned pixels. "},
-        {nativeFile(without("Type"), "abcd"), "Could not find Type in metadata. "},
+        {nativeFile(Metadata{}, "abcd"), "Could not find Channels in metadata. "},
         {nativeFile(badWidth, "abcd"), "Failed to convert \"two\" to unsigned int."},
     };
-    for (const Case& c : kCases) {
-        SCOPED_TRACE(c.complaint);
-        IncrementalBuffer buffer;
-        ImageMetadata metadata;
-        EXPECT_EQ(complaintOf([&] { importNative(c.file, buffer, metadata); }), c.complaint);
-        EXPECT_EQ(textOf(buffer), c.complaint.empty() ? "abcd" : "");
-        if (c.complaint.empty()) {
-            EXPECT_EQ(metadata.get("Comment"), "mine");
-            EXPECT_EQ(metadata.width, 2U);
-        }
-    }
-}
+    for (const Case& c : kCases)
+        EXPECT_EQ(complaintOf([&] { EXPECT_EQ(importNative(c.file), "abcd"); }), c.complaint);
 
-TEST(NativeImporter, SurvivesDamage) {
-    IncrementalBuffer buffer;
-    ImageMetadata metadata;
     for (std::size_t size = 0; size < kNativeFile.size(); ++size)
-        EXPECT_EQ(complaintOf([&] { importNative(kNativeFile.substr(0, size), buffer, metadata); }),
-                  "Attempted to read over end of buffer. ");
-    std::mt19937 random{3};
-    for (int i = 0; i < 5000; ++i) {
-        std::string damaged = kNativeFile;
-        damaged[random() % damaged.size()] ^= static_cast<char>(1U << random() % 8);
-        static_cast<void>(importerOf("picture", damaged));
-        static_cast<void>(complaintOf([&] { importNative(damaged, buffer, metadata); }));
-    }
+        EXPECT_EQ(complaintOf([&] { importNative(kNativeFile.substr(0, size)); }),
+                  "Failed to read from input stream. ");
 }
 
 } // namespace

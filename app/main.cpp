@@ -1,5 +1,6 @@
 #include "app/BuiltinSubcommand.h"
 #include "app/PictureSubcommand.h"
+#include "app/ShowSubcommand.h"
 #include "app/SubcommandApplication.h"
 #include "core/CppOutStream.h"
 #include "core/ExceptionWriter.h"
@@ -25,6 +26,7 @@ constexpr SubcommandApplication::Registration registration() {
 constexpr std::array kSubcommands{
     registration<BuiltinSubcommand>(),
     registration<PictureSubcommand>(),
+    registration<ShowSubcommand>(),
 };
 
 VORN::ApplicationInfo applicationInfo() {

@@ -1,6 +1,7 @@
 #include "app/Program.h"
 
 #include "app/BuiltinSubcommand.h"
+#include "app/CreateSubcommand.h"
 #include "app/PictureSubcommand.h"
 #include "app/SubcommandApplication.h"
 #include "core/CppOutStream.h"
@@ -27,6 +28,7 @@ constexpr SubcommandApplication::Registration registration() {
 constexpr std::array kSubcommands{
     registration<BuiltinSubcommand>(),
     registration<PictureSubcommand>(),
+    registration<CreateSubcommand>(),
 };
 
 ApplicationInfo applicationInfo() {

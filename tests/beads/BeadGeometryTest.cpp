@@ -27,7 +27,10 @@ TEST(BeadGeometry, PlacesBeads) {
         {PatternStyle::Circle, {3U, 3U}, 2, kPitch * std::cos(kPi / 3), kPitch * std::sin(kPi / 3)},
         // Ring 2 begins half a turn on, ring 3 two thirds of one.
         {PatternStyle::Circle, {3U, 3U}, 7, -2 * kPitch, 0},
-        {PatternStyle::Circle, {4U, 4U}, 19, 3 * kPitch * std::cos(4 * kPi / 3),
+        {PatternStyle::Circle,
+         {4U, 4U},
+         19,
+         3 * kPitch * std::cos(4 * kPi / 3),
          3 * kPitch * std::sin(4 * kPi / 3)},
     };
     for (const auto& c : kCases) {
@@ -68,12 +71,13 @@ TEST(BeadGeometry, BoxesTheBeads) {
             });
             EXPECT_EQ(beads, style == PatternStyle::Circle ? 3 * n * (n - 1) + 1 : n * n);
         }
-    const Hyperrectangle<2, float> single =
-        BeadGeometry{PatternStyle::Circle, {1U, 1U}}.box();
+    const Hyperrectangle<2, float> single = BeadGeometry{PatternStyle::Circle, {1U, 1U}}.box();
     EXPECT_FLOAT_EQ(single.extent()[0], 2 / 6.2831855F);
     EXPECT_EQ((BeadGeometry{PatternStyle::Hex, {0U, 3U}}.box().extent()[1]), 0);
     EXPECT_EQ((BeadGeometry{PatternStyle::Hex, {0U, 3U}}.nextBead(0, 3)), 3U);
-    EXPECT_EQ(complaintOf([] { BeadGeometry{static_cast<PatternStyle>(3), {1U, 1U}}; }),
+    EXPECT_EQ(complaintOf([] {
+                  BeadGeometry{static_cast<PatternStyle>(3), {1U, 1U}};
+              }),
               "No support for Pattern style not supported. . ");
 }
 

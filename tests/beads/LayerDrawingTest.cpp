@@ -50,16 +50,16 @@ std::string drawn(const std::string& patternFile, float beadSize) {
 }
 
 TEST(DrawLayer, DrawsDiscsUpright) {
-    EXPECT_EQ(drawn("square\n\na.\nab\n", 1.6F), "#---\n"  // a pitch is 2, a radius 0.8
-                                                  "#---\n"
-                                                  "##00\n"
-                                                  "##00\n");
+    // A pitch is 2 pixels and a radius 0.8, more than the 0.71 to the centres of four pixels.
+    EXPECT_EQ(drawn("square\n\na.\nab\n", 1.6F), "##--\n##--\n##00\n##00\n");
+    EXPECT_EQ(drawn("circle\n\n.\n......\n", 1.6F),
+              "------\n------\n------\n------\n------\n------\n");
 }
 
-TEST(DrawLayer, GivesOnePixelToABeadOfFourFifths) {
-    // A pixel's own corner lies half a pitch before its bead, so that the bead to the left and,
-    // counted from the bottom, the one below win the tie where there are such beads.
-    EXPECT_EQ(drawn("square\n\na.\nab\n", 0.8F), "");
+TEST(DrawLayer, TakesTheBeadNearestToThePixelsCorner) {
+    // With a pitch of 1, columns lie between two beads, of which the one to the left is taken; rows
+    // count from the bottom, where the bead above is.
+    EXPECT_EQ(drawn("square\n\nab.\nba.\n..b\n", 0.8F), "##0\n00#\n---\n");
 }
 
 TEST(LayerFrame, GrowsWithTheBeadSize) {
@@ -78,8 +78,7 @@ TEST(LayerFrame, GrowsWithTheBeadSize) {
         EXPECT_NEAR(place[1], 4, 1e-5);
     }
     for (const float beadSize : {2e8F, 1e30F, 3e38F})
-        EXPECT_EQ(complaintOf([&] { LayerFrame{box, beadSize}; }),
-                  "Failed to allocate picture. ");
+        EXPECT_EQ(complaintOf([&] { LayerFrame{box, beadSize}; }), "Failed to allocate picture. ");
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-#include "beads/ColorCache.h"
 #include "beads/PaletteMatcher.h"
+#include "beads/ColorCache.h"
 
 #include <gtest/gtest.h>
 

@@ -18,8 +18,8 @@ TEST(Palette, ReadsLinesOfSymbolAndFractions) {
         {"a 1 0.5 0\n", "a 1 0.5 0\n"},
         {"b 1 0 0\r\na\t0 \t 1   0  \r\n\r\n\n", "a 0 1 0\nb 1 0 0\n"},
         {"Z 1 1 1\nZ 0 0 0\nZ .25 0.996078431373 1.", "Z 0.25 0.996078 1\n"},
-        {"  1 0 0\n", "  1 0 0\n"},               // the symbol may be a blank
-        {"a 1 0\r0\n", "a 1 0 0\n"},              // a lone CR separates
+        {"  1 0 0\n", "  1 0 0\n"},  // the symbol may be a blank
+        {"a 1 0\r0\n", "a 1 0 0\n"}, // a lone CR separates
     };
     for (const auto& c : kCases) {
         Palette palette;
@@ -32,9 +32,8 @@ TEST(Palette, RefusesOtherLines) {
     const auto entry = [](const std::string& line) {
         return "String \"" + line + "\" could not be parsed into \"palette entry\". ";
     };
-    for (const char* line :
-         {"a", "a ", "a 1 1", "a 1 1 1 1", "a1 1 1", "a 1 1 1x", "a -1 1 1", "a 1e0 1 1", " ",
-          "ab 1 1 1", "a 1,0 1 1"}) {
+    for (const char* line : {"a", "a ", "a 1 1", "a 1 1 1 1", "a1 1 1", "a 1 1 1x", "a -1 1 1",
+                             "a 1e0 1 1", " ", "ab 1 1 1", "a 1,0 1 1"}) {
         Palette palette;
         EXPECT_EQ(complaintOf([&] { readText(palette, std::string{"b 1 1 1\n"} + line + "\r\n"); }),
                   entry(line));

@@ -93,7 +93,9 @@ TEST(Pattern, FillsLayers) {
     }
     Pattern huge;
     huge.style = PatternStyle::Circle;
-    EXPECT_EQ(complaintOf([&] { huge.AddFilledLayer({~0U, ~0U}, 'a'); }),
+    EXPECT_EQ(complaintOf([&] {
+                  huge.AddFilledLayer({~0U, ~0U}, 'a');
+              }),
               "Failed to allocate pattern layer. ");
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -13,6 +14,8 @@ public:
     std::uint32_t value() const { return b_ << 16 | a_; }
 
 private:
+    std::size_t addLanes(std::span<const std::uint8_t> run);
+
     std::uint32_t a_ = 1; // both below 65521 between calls
     std::uint32_t b_ = 0;
 };

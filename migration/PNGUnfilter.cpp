@@ -8,15 +8,20 @@ namespace VORN::Migration::PNG {
 
 namespace {
 
+/// `yes` if `sign` is negative, else `no`; g++ would make a jump of a conditional expression.
+inline int whereNegative(int sign, int yes, int no) { return no ^ ((yes ^ no) & (sign >> 31)); }
+
 /// Whichever of left, above and upper left comes closest to left + above - upper left
-/// (PNG, clause 9.4); written so that it compiles to selections instead of jumps.
+/// (PNG, clause 9.4).
+///
+/// That sum is the upper left mirrored at the middle of the other two. So an upper left on or
+/// beyond one of these, or nearer to it than a third of their range, predicts the other one.
 inline int paethPredictor(int left, int above, int upperLeft) {
-    const int fromLeft = above - upperLeft;
-    const int fromAbove = left - upperLeft;
-    const int fromUpperLeft = std::abs(fromLeft + fromAbove);
-    const int best = std::abs(fromAbove) < std::abs(fromLeft) ? above : left;
-    const int least = std::min(std::abs(fromLeft), std::abs(fromAbove));
-    return fromUpperLeft < least ? upperLeft : best;
+    const int low = whereNegative(left - above, left, above);
+    const int high = left + above - low;
+    const int turn = 3 * upperLeft - (left + above);
+    const int unlessLow = whereNegative(turn - high, upperLeft, low);
+    return whereNegative(low - turn, unlessLow, high);
 }
 
 /// Takes the line, the line above, their length, which is a multiple of the pixel's, and the bytes

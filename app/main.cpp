@@ -1,4 +1,5 @@
 #include "app/BuiltinSubcommand.h"
+#include "app/PictureSubcommand.h"
 #include "app/SubcommandApplication.h"
 #include "core/CppOutStream.h"
 #include "core/ExceptionWriter.h"
@@ -23,6 +24,7 @@ constexpr SubcommandApplication::Registration registration() {
 
 constexpr std::array kSubcommands{
     registration<BuiltinSubcommand>(),
+    registration<PictureSubcommand>(),
 };
 
 VORN::ApplicationInfo applicationInfo() {

@@ -59,7 +59,8 @@ class SinglaBaseSerializable : public SignalBase<N, T, P>, public Serializable {
 public:
     using SignalBase<N, T, P>::SignalBase;
 
-    /// Sets a new size and storage for as many samples; what they hold then is not defined.
+    /// Sets a new size; the samples keep their flat indices as far as there is room, new ones have
+    /// no defined value.
     virtual void Resize(const Tuple<N, unsigned>& size) = 0;
 
     /// Exchanges the dimensions `a` and `b`, size and samples; above 2 is a `BoundException`.

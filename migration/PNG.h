@@ -3,6 +3,7 @@
 #include "core/Stream.h"
 #include "migration/ImageMetadata.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -14,13 +15,23 @@ inline constexpr std::array<std::uint8_t, 8> kSignature{
     0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
 };
 
+using ChunkType = std::array<std::uint8_t, 4>;
+
 /// The chunk types that matter, four letters each.
 inline constexpr std::string_view kChunkTypes = "IHDRPLTEIDATIEND";
-inline constexpr std::string_view kHeader = kChunkTypes.substr(0, 4);
-inline constexpr std::string_view kPalette = kChunkTypes.substr(4, 4);
-inline constexpr std::string_view kData = kChunkTypes.substr(8, 4);
-inline constexpr std::string_view kEnd = kChunkTypes.substr(12, 4);
 
+consteval ChunkType chunkType(std::size_t index) {
+    ChunkType type{};
+    std::copy_n(kChunkTypes.begin() + 4 * index, type.size(), type.begin());
+    return type;
+}
+
+inline constexpr ChunkType kHeader = chunkType(0);
+inline constexpr ChunkType kPalette = chunkType(1);
+inline constexpr ChunkType kData = chunkType(2);
+inline constexpr ChunkType kEnd = chunkType(3);
+
+/// Throws the `FormatException` of the format "png".
 [[noreturn]] void refuse(std::string detail);
 
 /// The image header (PNG, clause 11.2.2), its fields in file order.

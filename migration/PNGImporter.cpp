@@ -43,11 +43,9 @@ PNGImporter::Chunk PNGImporter::readChunk() {
         PNG::refuse("unexpected end of file");
     Chunk chunk;
     chunk.length = readNumber();
-    std::array<std::uint8_t, 4> type{};
-    stream().read(type);
-    chunk.type.assign(type.begin(), type.end());
+    stream().read(chunk.type);
     checksum_ = {};
-    checksum_.update(type);
+    checksum_.update(chunk.type);
     if (chunk.type == PNG::kData)
         readData(compressed_, chunk.length, chunk.length);
     else {

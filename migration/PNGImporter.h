@@ -26,7 +26,7 @@ private:
     using Palette = std::array<std::uint8_t, 3 * 256>;
 
     struct Chunk {
-        std::string type;
+        PNG::ChunkType type{};
         std::uint32_t length = 0;
     };
 

@@ -16,7 +16,7 @@ constexpr unsigned kPresetDictionary = 0x20; // FDICT
 } // namespace
 
 ZlibHeader ZlibHeader::read(ReadStream& in) {
-    std::array<std::uint8_t, 2> bytes{};
+    std::array<std::uint8_t, kBytes> bytes{};
     in.read(bytes);
     return {bytes[0], bytes[1]};
 }
@@ -35,7 +35,7 @@ void ZlibHeader::check() const {
 }
 
 ZlibChecksum ZlibChecksum::read(ReadStream& in) {
-    std::array<std::uint8_t, 4> bytes{};
+    std::array<std::uint8_t, kBytes> bytes{};
     in.read(bytes);
     return {fromBigEndian(bytes)};
 }

@@ -6,6 +6,8 @@ namespace VORN::Migration {
 
 /// The two bytes before a zlib stream's data (RFC 1950, section 2.2), in their order.
 struct ZlibHeader {
+    static constexpr std::size_t kBytes = 2;
+
     std::uint8_t cmf = 0x78; // DEFLATE with a window of 32 KiB
     std::uint8_t flg = 0x01; // no preset dictionary, fastest compression
 
@@ -17,6 +19,8 @@ struct ZlibHeader {
 
 /// The Adler-32 of what a zlib stream holds, behind its data.
 struct ZlibChecksum {
+    static constexpr std::size_t kBytes = 4;
+
     std::uint32_t value = 0;
 
     static ZlibChecksum read(ReadStream& in);

@@ -234,8 +234,10 @@ void Inflater::inflateWhileRoomy() {
         const std::size_t length = entry.member(afterwards.low(entry.bits));
         afterwards.dropFilled(entry.bits);
         const InflateEntry second = distances_.find(afterwards.low(HuffmanCode::kMaximumBits));
+        if (!second.isRange())
+            break;
         const std::size_t distance = second.member(afterwards.low(second.bits));
-        if (!second.isRange() || distance > size)
+        if (distance > size)
             break;
         afterwards.dropFilled(second.bits);
         bits = afterwards;

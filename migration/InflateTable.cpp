@@ -4,7 +4,11 @@ namespace VORN::Migration {
 
 namespace {
 
-constexpr InflateEntry kNoSymbol{0, HuffmanCode::kMaximumBits, InflateEntry::NoSymbol};
+/// A code that is none is noticed when it is longer than any.
+InflateEntry noSymbolEntry(HuffmanCode::Match match) {
+    constexpr std::uint8_t kLongest = HuffmanCode::kMaximumBits;
+    return {0, match.bits != 0 ? match.bits : kLongest, InflateEntry::NoSymbol};
+}
 
 InflateEntry rangeEntry(const ExtraBitsCode& code, unsigned codeBits) {
     return {code.base, static_cast<std::uint8_t>(codeBits + code.extraBits),
@@ -15,7 +19,7 @@ InflateEntry rangeEntry(const ExtraBitsCode& code, unsigned codeBits) {
 
 InflateEntry literalEntry(HuffmanCode::Match match) {
     if (match.bits == 0 || match.symbol >= kFirstLength + kLengthCodes.size())
-        return kNoSymbol;
+        return noSymbolEntry(match);
     if (match.symbol >= kFirstLength)
         return rangeEntry(kLengthCodes[match.symbol - kFirstLength], match.bits);
     return {match.symbol, match.bits,
@@ -24,7 +28,7 @@ InflateEntry literalEntry(HuffmanCode::Match match) {
 
 InflateEntry distanceEntry(HuffmanCode::Match match) {
     if (match.bits == 0 || match.symbol >= kDistanceCodes.size())
-        return kNoSymbol;
+        return noSymbolEntry(match);
     return rangeEntry(kDistanceCodes[match.symbol], match.bits);
 }
 

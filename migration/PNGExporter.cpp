@@ -16,9 +16,11 @@ namespace {
 constexpr std::uint8_t kNoFilter = 0;
 constexpr std::uint64_t kLargestChunk = std::numeric_limits<std::uint32_t>::max();
 
-/// `a * b`, or the largest chunk where that is larger.
-std::uint64_t boundedProduct(std::uint64_t a, std::uint64_t b) {
-    return b != 0 && a > kLargestChunk / b ? kLargestChunk : a * b;
+/// `bytes` itself; what does not fit a chunk is refused.
+std::uint64_t checkFits(std::uint64_t bytes) {
+    if (bytes > kLargestChunk)
+        throw BoundException<std::uint64_t>{kNoOrigin, bytes, kLargestChunk};
+    return bytes;
 }
 
 /// What is written of a picture, in bytes.
@@ -28,21 +30,19 @@ struct Layout {
     std::uint64_t rawBytes;  // of all lines, with a filter byte before each
     std::uint64_t dataBytes; // of the IDAT chunk
 
+    // Each product is of factors below 2^32, apart from the bits of a pixel, which are below 2^10.
     explicit Layout(const ImageMetadata& metadata)
         : lines{metadata.height}, lineBytes{std::uint64_t{metadata.width} * metadata.channels *
                                             metadata.type.bits / 8},
-          rawBytes{boundedProduct(lines, lineBytes + 1)}, dataBytes{
-                                                              ZlibHeader::kBytes +
-                                                              DeflateStored::streamBytes(rawBytes) +
-                                                              ZlibChecksum::kBytes} {}
+          rawBytes{checkFits(checkFits(lineBytes + 1) * lines)},
+          dataBytes{checkFits(ZlibHeader::kBytes + DeflateStored::streamBytes(rawBytes) +
+                              ZlibChecksum::kBytes)} {}
 };
 
 void checkSize(const Layout& layout, const Buffer& buffer) {
-    if (layout.dataBytes > kLargestChunk)
-        throw BoundException<std::uint64_t>{kNoOrigin, layout.dataBytes, kLargestChunk};
-    if (layout.lines * layout.lineBytes > buffer.size())
-        throw SpaceException<std::uint64_t>{kNoOrigin, layout.lines * layout.lineBytes,
-                                            buffer.size()};
+    const std::uint64_t bytes = layout.lines * layout.lineBytes;
+    if (bytes > buffer.size())
+        throw SpaceException<std::uint64_t>{kNoOrigin, bytes, buffer.size()};
 }
 
 void writeHeader(WriteStream& out, const PNG::IHDR& header) {

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "core/Exception.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace VORN::Migration {
+
+/// Hands out bits least significant first, as DEFLATE packs them (RFC 1951, section 3.1.1).
+///
+/// The bytes are borrowed and must outlive the reader. `count` is 0 to 32 everywhere. Dropping bits
+/// that are not there throws `StreamException`; peeking past the end sees zeros, so that a table
+/// look-up may ask for more bits than the last code has.
+class BitReader {
+public:
+    explicit BitReader(std::span<const std::uint8_t> bytes) : bytes_{bytes} {}
+
+    std::uint32_t peek(unsigned count) {
+        if (filled_ < count)
+            refill();
+        return low(count);
+    }
+    void drop(unsigned count) {
+        if (filled_ < count)
+            refill();
+        if (filled_ < count)
+            throwAtEnd();
+        dropFilled(count);
+    }
+    std::uint32_t take(unsigned count) {
+        const std::uint32_t bits = peek(count);
+        drop(count);
+        return bits;
+    }
+    void alignToByte() { dropFilled(filled_ % 8); }
+
+    /// The bytes from the next whole byte on.
+    std::span<const std::uint8_t> rest() const { return bytes_.subspan(next_ - filled_ / 8); }
+    /// Fills `destination` from the next whole byte on.
+    void read(std::span<std::uint8_t> destination) {
+        const std::span<const std::uint8_t> source = rest();
+        if (source.size() < destination.size())
+            throwAtEnd();
+        std::ranges::copy(source.first(destination.size()), destination.begin());
+        next_ = bytes_.size() - source.size() + destination.size();
+        window_ = 0;
+        filled_ = 0;
+    }
+
+    /// Whether `refillWhole` may be called `times` times.
+    bool holdsWords(unsigned times) const { return bytes_.size() - next_ >= times * kWordBytes; }
+    /// Refills to at least 56 bits without a branch.
+    void refillWhole() {
+        window_ |= word(bytes_.data() + next_) << filled_;
+        next_ += (63 - filled_) / 8;
+        filled_ |= 56;
+    }
+    /// As `peek` and `drop`, for bits that a `refillWhole` has just provided.
+    std::uint32_t low(unsigned count) const {
+        return static_cast<std::uint32_t>(window_ & ((std::uint64_t{1} << count) - 1));
+    }
+    void dropFilled(unsigned count) {
+        window_ >>= count;
+        filled_ -= count;
+    }
+
+private:
+    static constexpr std::size_t kWordBytes = 8;
+
+    [[noreturn]] static void throwAtEnd() {
+        throw VORN::StreamException{kNoOrigin, "Attempted to read over end of buffer. "};
+    }
+    static std::uint64_t word(const std::uint8_t* bytes) {
+        std::uint64_t value = 0;
+        for (unsigned i = 0; i < kWordBytes; ++i)
+            value |= std::uint64_t{bytes[i]} << 8 * i;
+        return value;
+    }
+    void refill() { // to at least 57 bits, or to the end of the bytes
+        for (; filled_ <= 56 && next_ < bytes_.size(); filled_ += 8)
+            window_ |= std::uint64_t{bytes_[next_++]} << filled_;
+    }
+
+    std::span<const std::uint8_t> bytes_;
+    std::size_t next_ = 0;     // the first byte that is not counted in `filled_`
+    std::uint64_t window_ = 0; // the next bit is bit 0; from bit `filled_` on zeros or what follows
+    unsigned filled_ = 0;      // at most 63
+};
+
+} // namespace VORN::Migration

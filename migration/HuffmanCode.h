@@ -1,0 +1,61 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace VORN::Migration {
+
+/// A canonical Huffman code, given by the length of each symbol's code (RFC 1951, section 3.2.2).
+///
+/// Codes are 1 to 15 bits long; length 0 means that the symbol has none. Any set of lengths is
+/// taken: codes that an incomplete set leaves over resolve to nothing, and those beyond the last
+/// code of an oversubscribed length are never met.
+class HuffmanCode {
+public:
+    static constexpr unsigned kMaximumBits = 15;
+    static constexpr std::size_t kMaximumSymbols = 288;
+
+    /// A symbol and the length of its code; 0 bits: there is no such code.
+    struct Match {
+        std::uint16_t symbol = 0;
+        std::uint8_t bits = 0;
+    };
+
+    HuffmanCode() = default;
+    explicit HuffmanCode(std::span<const std::uint8_t> lengths);
+
+    /// The symbol whose code `window` begins with, bit 0 being the code's first bit. Goes bit by
+    /// bit; `maximumBits` is the longest code that is looked for.
+    Match resolve(std::uint32_t window, unsigned maximumBits = kMaximumBits) const;
+
+    /// Calls `visit(code, match)` for every code of up to `maximumBits`, bit 0 of `code` being its
+    /// first bit.
+    template <class Visit>
+    void forEachCode(unsigned maximumBits, Visit visit) const;
+
+private:
+    std::array<std::uint32_t, kMaximumBits + 1> firstCode_{};  // by length
+    std::array<std::uint16_t, kMaximumBits + 1> firstIndex_{}; // by length, into `symbols_`
+    std::array<std::uint16_t, kMaximumBits + 1> count_{};      // by length
+    std::array<std::uint16_t, kMaximumSymbols> symbols_{};     // ordered by length, then value
+};
+
+/// `code`, `bits` long, with its first bit made its last.
+constexpr std::uint32_t reverseBits(std::uint32_t code, unsigned bits) {
+    std::uint32_t reversed = 0;
+    for (; bits > 0; --bits, code >>= 1)
+        reversed = reversed << 1 | (code & 1);
+    return reversed;
+}
+
+template <class Visit>
+void HuffmanCode::forEachCode(unsigned maximumBits, Visit visit) const {
+    for (unsigned bits = 1; bits <= maximumBits; ++bits)
+        for (std::uint32_t i = 0; i < count_[bits] && firstCode_[bits] + i < 1U << bits; ++i)
+            visit(reverseBits(firstCode_[bits] + i, bits),
+                  Match{symbols_[firstIndex_[bits] + i], static_cast<std::uint8_t>(bits)});
+}
+
+} // namespace VORN::Migration

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "core/Stream.h"
+#include "migration/ImageMetadata.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+/// What reading and writing PNG share (PNG specification, second edition).
+namespace VORN::Migration::PNG {
+
+inline constexpr std::array<std::uint8_t, 8> kSignature{
+    0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
+};
+
+using ChunkType = std::array<std::uint8_t, 4>;
+
+/// The chunk types that matter, four letters each.
+inline constexpr std::string_view kChunkTypes = "IHDRPLTEIDATIEND";
+
+consteval ChunkType chunkType(std::size_t index) {
+    ChunkType type{};
+    std::copy_n(kChunkTypes.begin() + 4 * index, type.size(), type.begin());
+    return type;
+}
+
+inline constexpr ChunkType kHeader = chunkType(0);
+inline constexpr ChunkType kPalette = chunkType(1);
+inline constexpr ChunkType kData = chunkType(2);
+inline constexpr ChunkType kEnd = chunkType(3);
+
+/// Throws the `FormatException` of the format "png".
+[[noreturn]] void refuse(std::string detail);
+
+/// The image header (PNG, clause 11.2.2), its fields in file order.
+struct IHDR {
+    static constexpr std::size_t kBytes = 13;
+    static constexpr std::uint8_t kGrey = 0;
+    static constexpr std::uint8_t kTrueColor = 2;
+    static constexpr std::uint8_t kIndexed = 3;
+    static constexpr std::uint8_t kGreyAlpha = 4;
+    static constexpr std::uint8_t kTrueColorAlpha = 6;
+
+    std::uint32_t width = 0;
+    std::uint32_t height = 0;
+    std::uint8_t bitDepth = 8;
+    std::uint8_t colorType = kGrey;
+    std::uint8_t compressionMethod = 0;
+    std::uint8_t filterMethod = 0;
+    std::uint8_t interlaceMethod = 0;
+
+    /// Takes what the bytes of the chunk say; a method other than 0 is a `SupportException`.
+    static IHDR parse(std::span<const std::uint8_t, kBytes> bytes);
+    /// The header of a picture; what cannot be written is a `SupportException`.
+    static IHDR of(const ImageMetadata& metadata);
+
+    std::array<std::uint8_t, kBytes> bytes() const;
+    /// The metadata of the decoded picture, palette indices replaced by their colours. Samples of
+    /// more than 8 bits are big endian. An unknown colour type is a `SupportException`.
+    ImageMetadata metadata() const;
+};
+
+} // namespace VORN::Migration::PNG

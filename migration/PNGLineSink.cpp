@@ -1,0 +1,61 @@
+#include "migration/PNGLineSink.h"
+
+#include "core/Exception.h"
+#include "migration/PNG.h"
+#include "migration/PNGUnfilter.h"
+
+#include <algorithm>
+
+namespace VORN::Migration::PNG {
+
+LineSink::LineSink(std::span<std::uint8_t> picture, std::uint64_t lineBytes, std::uint32_t lines,
+                   std::size_t pixelBytes, const char* misfit)
+    : picture_{picture}, lineBytes_{static_cast<std::size_t>(lineBytes)}, linesLeft_{lines},
+      pixelBytes_{pixelBytes}, misfit_{misfit} {}
+
+void LineSink::write(std::span<const std::uint8_t> data) {
+    checksum_.update(data);
+    while (!data.empty()) {
+        if (linesLeft_ == 0)
+            refuse(misfit_);
+        if (filled_ == 0) {
+            filter_ = data.front();
+            data = data.subspan(1);
+            filled_ = 1;
+        }
+        const std::size_t piece = std::min(data.size(), lineBytes_ - (filled_ - 1));
+        std::ranges::copy(data.first(piece), currentLine().subspan(filled_ - 1).begin());
+        data = data.subspan(piece);
+        filled_ += piece;
+        if (filled_ - 1 == lineBytes_)
+            finishLine();
+    }
+}
+
+void LineSink::checkComplete() const {
+    if (linesLeft_ != 0)
+        refuse(misfit_);
+    if (badFilter_)
+        throw BoundException<unsigned>{kNoOrigin, *badFilter_, kFilterTypes};
+}
+
+std::span<std::uint8_t> LineSink::currentLine() const {
+    return picture_.subspan((linesLeft_ - 1) * lineBytes_, lineBytes_);
+}
+
+void LineSink::finishLine() {
+    if (prior_.empty()) {
+        zeros_.resize(lineBytes_);
+        prior_ = zeros_;
+    }
+    if (filter_ >= kFilterTypes && !badFilter_)
+        badFilter_ = filter_;
+    const std::span<std::uint8_t> line = currentLine();
+    if (!badFilter_)
+        unfilterLine(filter_, line, prior_, pixelBytes_);
+    prior_ = line;
+    --linesLeft_;
+    filled_ = 0;
+}
+
+} // namespace VORN::Migration::PNG

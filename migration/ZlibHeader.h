@@ -1,0 +1,30 @@
+#pragma once
+
+#include "core/Stream.h"
+
+namespace VORN::Migration {
+
+/// The two bytes before a zlib stream's data (RFC 1950, section 2.2), in their order.
+struct ZlibHeader {
+    static constexpr std::size_t kBytes = 2;
+
+    std::uint8_t cmf = 0x78; // DEFLATE with a window of 32 KiB
+    std::uint8_t flg = 0x01; // no preset dictionary, fastest compression
+
+    static ZlibHeader read(ReadStream& in);
+    void write(WriteStream& out) const;
+    /// What is wrong with it is a `FormatException` of the format "png", the only one that has one.
+    void check() const;
+};
+
+/// The Adler-32 of what a zlib stream holds, behind its data.
+struct ZlibChecksum {
+    static constexpr std::size_t kBytes = 4;
+
+    std::uint32_t value = 0;
+
+    static ZlibChecksum read(ReadStream& in);
+    void write(WriteStream& out) const;
+};
+
+} // namespace VORN::Migration

@@ -1,0 +1,178 @@
+#include "migration/Inflate.h"
+#include "migration/Adler32.h"
+#include "migration/BigEndian.h"
+#include "migration/DeflateStored.h"
+#include "tests/Complaint.h"
+#include "tests/migration/Fixture.h"
+#include "tests/migration/PlainInflate.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace VORN::Migration {
+namespace {
+
+constexpr const char* kEnd = "Attempted to read over end of buffer. ";
+
+/// What `input` inflates to; `bytesRead` is what was taken of it.
+Bytes inflated(const Bytes& input, std::size_t* bytesRead = nullptr) {
+    const BorrowConstBuffer buffer{input};
+    ConstBufferStream in{buffer};
+    IncrementalBuffer data;
+    BufferStream out{data};
+    inflate(in, out);
+    if (bytesRead != nullptr)
+        *bytesRead = static_cast<std::size_t>(in.tell());
+    return {data.data().begin(), data.data().end()};
+}
+
+/// Packs the digits in the order in which DEFLATE reads them; blanks only separate.
+Bytes packed(const std::string& digits, Bytes bytes = {}) {
+    unsigned filled = 0;
+    for (const char digit : digits) {
+        if (digit == ' ')
+            continue;
+        if (filled++ % 8 == 0)
+            bytes.push_back(0);
+        bytes.back() = static_cast<std::uint8_t>(bytes.back() | (digit - '0') << (filled - 1) % 8);
+    }
+    return bytes;
+}
+
+/// Holds the decoder to its plain twin: same complaint, or same data and as many bytes read.
+void expectLikePlain(const Bytes& input) {
+    Bytes data;
+    Bytes plainData;
+    std::size_t bytesRead = 0;
+    PlainInflate plain{input};
+    const std::string complaint = complaintOf([&] { data = inflated(input, &bytesRead); });
+    ASSERT_EQ(complaint, complaintOf([&] { plainData = plain.run(); }));
+    ASSERT_EQ(data, plainData);
+    if (complaint.empty()) {
+        ASSERT_EQ(bytesRead, plain.bytesRead());
+    }
+}
+
+TEST(Inflate, SaysWhatIsWrong) {
+    struct Case {
+        const char* bits;
+        const char* complaint;
+    };
+    constexpr Case kCases[] = {
+        {"1 10 0000000", ""},
+        {"", kEnd},
+        {"1 11", "deflate : Reserved block type detected. "},
+        {"0 10 0000000 1 11", "deflate : Reserved block type detected. "},
+        {"1 00 00000 1100000000000000 0011111111111101",
+         "deflate : Missmatching length and length complement in no compression block. "},
+        {"1 00 00000 1100000000000000 0011111111111111 00000000", kEnd},
+        // Length 3 at once; then one literal and the distances 1 and 2.
+        {"1 10 0000001 00000 0000000",
+         "deflate : Back reference refer beyond beginning of buffer. "},
+        {"1 10 00110000 0000001 00000 0000000", ""},
+        {"1 10 00110000 0000001 00001 0000000",
+         "deflate : Back reference refer beyond beginning of buffer. "},
+        // The symbols 286 and 287, the distances 30 and 31.
+        {"1 10 11000110 0000000 0000000",
+         "deflate : Invalid code word in literal and length code. "},
+        {"1 10 11000111 0000000 0000000",
+         "deflate : Invalid code word in literal and length code. "},
+        {"1 10 00110000 0000001 11110 0000000000",
+         "deflate : Invalid code word in distance code. "},
+        {"1 10 00110000 0000001 11111 0000000000",
+         "deflate : Invalid code word in distance code. "},
+        // No code length code at all; one for 0 and 18; one for 0 and 16, which comes first.
+        {"1 01 00000 00000 0000 000 000 000 000 0000000",
+         "deflate : Invalid code word in code length code. "},
+        {"1 01 00000 00000 0000 000 000 100 100 1 1111111 1 1111111",
+         "deflate : Invalid number of code length symbols unpacked. "},
+        {"1 01 00000 00000 0000 100 000 000 100 1 00",
+         "deflate : Repeated code length without a previous one. "},
+    };
+    for (const Case& c : kCases) {
+        SCOPED_TRACE(c.bits);
+        EXPECT_EQ(complaintOf([&] { inflated(packed(c.bits)); }), c.complaint);
+        expectLikePlain(packed(c.bits));
+    }
+}
+
+TEST(Inflate, ReachesBackAsFarAsTheFormatAllows) {
+    Bytes expected(32768);
+    std::mt19937 random{5};
+    for (std::uint8_t& byte : expected)
+        byte = static_cast<std::uint8_t>(random());
+    Bytes stream{0x00, 0x00, 0x80, 0xFF, 0x7F};
+    stream.insert(stream.end(), expected.begin(), expected.end());
+    std::string bits = "1 10";
+    for (int i = 0; i < 2000; ++i)
+        bits += " 11000101 11101 1111111111111"; // 258 bytes from 32768 before
+    stream = packed(bits + " 0000000", stream);
+    while (expected.size() < 32768 + 2000 * 258)
+        expected.push_back(std::uint8_t{expected[expected.size() - 32768]});
+    EXPECT_EQ(inflated(stream), expected);
+}
+
+TEST(Inflate, AgreesWithItsPlainTwinWhateverHappensToTheStream) {
+    std::mt19937 random{11};
+    for (const char* name : {"stored", "fixed", "dynamic", "runs", "longcodes"}) {
+        SCOPED_TRACE(name);
+        Bytes stream = fixture(std::string{"deflate/"} + name + ".zlib");
+        const std::uint32_t checksum = fromBigEndian(std::span{stream}.last<4>());
+        stream.erase(stream.begin(), stream.begin() + 2);
+        Adler32 adler;
+        adler.update(inflated(stream));
+        EXPECT_EQ(adler.value(), checksum);
+        expectLikePlain(stream);
+        for (std::size_t size = 0; size < stream.size(); ++size)
+            expectLikePlain({stream.begin(), stream.begin() + static_cast<std::ptrdiff_t>(size)});
+        for (int i = 0; i < 400 && !HasFatalFailure(); ++i) {
+            Bytes flipped = stream;
+            for (unsigned flips = 1 + random() % 3; flips > 0; --flips)
+                flipped[random() % flipped.size()] ^= static_cast<std::uint8_t>(1 << random() % 8);
+            expectLikePlain(flipped);
+        }
+    }
+}
+
+TEST(DeflateStored, CutsTheDataIntoBlocks) {
+    for (const std::size_t size : {0U, 1U, 65535U, 65536U, 70000U, 131070U}) {
+        SCOPED_TRACE(size);
+        Bytes data(size);
+        for (std::size_t i = 0; i < size; ++i)
+            data[i] = static_cast<std::uint8_t>(i * i >> 7);
+        IncrementalBuffer stream;
+        BufferStream out{stream};
+        DeflateStored blocks{out, size};
+        const std::size_t half = size / 2;
+        blocks.write(std::span{data}.first(half));
+        blocks.write(std::span{data}.subspan(half));
+        EXPECT_EQ(stream.size(), DeflateStored::streamBytes(size));
+        if (size == 0)
+            continue;
+        const Bytes bytes{stream.data().begin(), stream.data().end()};
+        EXPECT_EQ(PlainInflate{bytes}.run(), data);
+        EXPECT_EQ(bytes[0], size <= 65535 ? 1 : 0);
+    }
+    EXPECT_EQ(DeflateStored::streamBytes(70000), 70010U);
+}
+
+TEST(Adler32, EqualsThePlainSums) {
+    const Bytes white(20000, 255);
+    std::uint32_t a = 1;
+    std::uint32_t b = 0;
+    Adler32 whole;
+    for (std::size_t done = 0, size = 1; done + size <= white.size(); done += size, size += 37) {
+        whole.update(std::span{white}.subspan(done, size));
+        for (std::size_t i = done; i < done + size; ++i) {
+            a = (a + white[i]) % 65521;
+            b = (b + a) % 65521;
+        }
+        ASSERT_EQ(whole.value(), b << 16 | a) << done;
+    }
+    Adler32 atOnce;
+    atOnce.update(white);
+    EXPECT_EQ(atOnce.value(), 0x9F51D664); // as zlib computes it
+}
+
+} // namespace
+} // namespace VORN::Migration

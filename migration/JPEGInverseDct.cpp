@@ -55,10 +55,11 @@ void transpose(const Floats& in, Floats& out) {
             out[8 * row + column] = in[8 * column + row];
 }
 
-std::uint8_t toSample(float value) {
+/// The sample that a value stands for, as an integer.
+std::int32_t toSample(float value) {
     const float shifted = value + (kLevelShift + 0.5F);
-    return static_cast<std::uint8_t>(
-        static_cast<std::int32_t>(std::min(std::max(shifted, 0.0F), 255.0F)));
+    const float atLeast0 = shifted > 0.0F ? shifted : 0.0F;
+    return static_cast<std::int32_t>(atLeast0 < 255.0F ? atLeast0 : 255.0F);
 }
 
 } // namespace
@@ -81,16 +82,20 @@ void InverseDct::transform(const CoefficientBlock& coefficients, std::uint8_t* s
     transpose(scratch, values);
     transformColumns(values, scratch);
 
+    // Rounding and narrowing vectorise better one after the other.
+    std::array<std::int32_t, 64> integers;
+    for (std::size_t i = 0; i < 64; ++i)
+        integers[i] = toSample(scratch[i]);
     std::array<std::uint8_t, 64> bytes;
     for (std::size_t i = 0; i < 64; ++i)
-        bytes[i] = toSample(scratch[i]);
+        bytes[i] = static_cast<std::uint8_t>(integers[i]);
     for (std::size_t line = 0; line < 8; ++line)
         std::memcpy(samples + line * lineBytes, bytes.data() + 8 * line, 8);
 }
 
 void InverseDct::fill(std::int16_t coefficient, std::uint8_t* samples,
                       std::size_t lineBytes) const {
-    const std::uint8_t sample = toSample(static_cast<float>(coefficient) * scales_[0]);
+    const std::int32_t sample = toSample(static_cast<float>(coefficient) * scales_[0]);
     for (std::size_t line = 0; line < 8; ++line)
         std::memset(samples + line * lineBytes, sample, 8);
 }

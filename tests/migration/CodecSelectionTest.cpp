@@ -70,6 +70,9 @@ TEST(CodecSelection, GoesByExtensionFirst) {
         {"a.ppm", "NetPBMImporter", "NetPBMExporter"},
         {"a.pam", "NetPBMImporter", "NetPBMExporter"},
         {"A.B.PnM", "NetPBMImporter", "NetPBMExporter"},
+        {"PICTURE.PNG", "PNGImporter", "PNGExporter"},
+        {"picture.Jpg", "JPEGImporter", ""},
+        {"picture.JPEG", "JPEGImporter", ""},
     };
     for (const Case& c : kCases) {
         EXPECT_EQ(nameOf(chooseExporter(c.fileName)), c.exporter) << c.fileName;
@@ -93,6 +96,10 @@ TEST(CodecSelection, GoesByContentElse) {
         {unordered, ""},
         {"\xFF\xFF\0\0"s + kNativeFile.substr(4), ""}, // too many keys
         {nativeFile(Metadata{}, "a"), ""},
+        {"\x89PNG\r\n\x1A\n", "PNGImporter"},
+        {"\x89PNG\r\n\x1A\r", ""},
+        {"\xFF\xD8", "JPEGImporter"},
+        {"\xFF", ""},
         {"P5 2 2 255 abcd", ""}, // deliberately not recognised
         {"\x07\0\0\0\xFF\xFF\xFF\xFF"s, ""},
         {"", ""},

@@ -2,6 +2,7 @@
 
 #include "app/BuiltinSubcommand.h"
 #include "app/CreateSubcommand.h"
+#include "app/PaletteSubcommand.h"
 #include "app/PictureSubcommand.h"
 #include "app/SubcommandApplication.h"
 #include "core/CppOutStream.h"
@@ -26,9 +27,8 @@ constexpr SubcommandApplication::Registration registration() {
 }
 
 constexpr std::array kSubcommands{
-    registration<BuiltinSubcommand>(),
-    registration<PictureSubcommand>(),
-    registration<CreateSubcommand>(),
+    registration<BuiltinSubcommand>(), registration<PaletteSubcommand>(),
+    registration<PictureSubcommand>(), registration<CreateSubcommand>(),
 };
 
 ApplicationInfo applicationInfo() {

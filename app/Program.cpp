@@ -2,6 +2,7 @@
 
 #include "app/BuiltinSubcommand.h"
 #include "app/CreateSubcommand.h"
+#include "app/InstructionSubcommand.h"
 #include "app/PackSubcommand.h"
 #include "app/PaletteSubcommand.h"
 #include "app/PictureSubcommand.h"
@@ -30,7 +31,7 @@ constexpr SubcommandApplication::Registration registration() {
 constexpr std::array kSubcommands{
     registration<BuiltinSubcommand>(), registration<PaletteSubcommand>(),
     registration<PictureSubcommand>(), registration<CreateSubcommand>(),
-    registration<PackSubcommand>(),
+    registration<PackSubcommand>(),    registration<InstructionSubcommand>(),
 };
 
 ApplicationInfo applicationInfo() {

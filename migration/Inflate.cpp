@@ -64,6 +64,7 @@ private:
     // What one turn of a decoding loop may write: some literals, a match and what its copy writes
     // beyond it.
     static constexpr std::size_t kTurnBytes = 512;
+    static constexpr unsigned kLookUpsPerRefill = 56 / LiteralTable::kBits;
     static constexpr unsigned kWordsPerTurn = 2; // of `BitReader::refillWhole`
 
     bool inflateBlock();
@@ -213,8 +214,8 @@ void Inflater::inflateWhileRoomy() {
     while (bits.holdsWords(kWordsPerTurn) && size < kWindowBytes) {
         bits.refillWhole();
         InflateEntry entry = literals_.lookUp(bits.low(LiteralTable::kBits));
-        // 56 bits are enough for this many look-ups, the one behind the last included.
-        for (unsigned left = 4; entry.isLiteral() && left > 0; --left) {
+        // Behind the last turn the look-up may lack bits; it is made again after the refill.
+        for (unsigned left = kLookUpsPerRefill; entry.isLiteral() && left > 0; --left) {
             bits.dropFilled(entry.bits);
             size += putLiterals(out + size, entry);
             entry = literals_.lookUp(bits.low(LiteralTable::kBits));

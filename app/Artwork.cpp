@@ -6,6 +6,18 @@
 
 namespace VORN {
 
+namespace {
+
+/// Writes a palette or pattern in its file format.
+template <class Artwork>
+void writeText(const Artwork& artwork, WriteStream& out) {
+    Text::TextWriter writer{out};
+    artwork.Write(writer);
+    writer.flush();
+}
+
+} // namespace
+
 bool loadPalette(const std::string& name, Palette& palette) {
     return loadInput(name, [&](ReadStream& in) { return palette.Read(in); });
 }
@@ -26,11 +38,15 @@ bool loadPicture(const std::string& name, Migration::ImageSignal<unsigned char>&
 }
 
 bool savePattern(const std::string& name, const Pattern& pattern) {
-    return saveOutput(name, [&](WriteStream& out) {
-        Text::TextWriter writer{out};
-        pattern.Write(writer);
-        writer.flush();
-    });
+    return saveOutput(name, [&](WriteStream& out) { writeText(pattern, out); });
+}
+
+void printPattern(const Pattern& pattern) {
+    writeToStandardOutput([&](WriteStream& out) { writeText(pattern, out); });
+}
+
+bool savePalette(const std::string& name, const Palette& palette) {
+    return saveOutput(name, [&](WriteStream& out) { writeText(palette, out); });
 }
 
 } // namespace VORN

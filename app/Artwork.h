@@ -16,7 +16,12 @@ bool loadPattern(const std::string& name, Pattern& pattern);
 /// The format is chosen by the extension of the name or else by content.
 bool loadPicture(const std::string& name, Migration::ImageSignal<unsigned char>& picture);
 
-/// Writes `pattern` to the file `name`; false comes after one line on standard error.
+// Each writes the file `name`; false comes after one line on standard error.
+
+bool savePalette(const std::string& name, const Palette& palette);
 bool savePattern(const std::string& name, const Pattern& pattern);
+
+/// Writes `pattern` to standard output.
+void printPattern(const Pattern& pattern);
 
 } // namespace VORN

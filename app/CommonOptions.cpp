@@ -1,5 +1,6 @@
 #include "app/CommonOptions.h"
 
+#include "app/Artwork.h"
 #include "core/Exception.h"
 
 namespace VORN {
@@ -27,6 +28,17 @@ PegboardOption::PegboardOption(ArgumentProcessor::Parameter& parameter)
       size_{parameter.add<ArgumentProcessor::SimpleValue<unsigned>>("size")} {}
 
 PatternStyle PegboardOption::style() const { return type_.style(); }
+
+PatternOutputOption::PatternOutputOption(ArgumentProcessor::Parameter& parameter)
+    : parameter_{parameter}, file_{parameter.add<ArgumentProcessor::DirectValue<std::string>>(
+                                 "pattern")} {}
+
+bool PatternOutputOption::write(const Pattern& pattern) const {
+    if (parameter_.assigned())
+        return savePattern(file_.get(), pattern);
+    printPattern(pattern);
+    return true;
+}
 
 ColorOption::ColorOption(ArgumentProcessor::Parameter& parameter, const Color& byDefault)
     : parameter_{parameter}, red_{parameter.add<ArgumentProcessor::SimpleValue<float>>(

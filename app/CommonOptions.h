@@ -27,6 +27,22 @@ private:
     ArgumentProcessor::SimpleValue<unsigned>& size_;
 };
 
+/// Where a pattern goes: the file given on the command line, else standard output.
+class PatternOutputOption {
+public:
+    static constexpr const char* kDescription = "output pattern file";
+
+    /// Adds its value to `parameter`, which must outlive it.
+    explicit PatternOutputOption(ArgumentProcessor::Parameter& parameter);
+
+    /// False comes after one line on standard error; what cannot be written to its end throws.
+    bool write(const Pattern& pattern) const;
+
+private:
+    ArgumentProcessor::Parameter& parameter_;
+    ArgumentProcessor::DirectValue<std::string>& file_;
+};
+
 /// A colour as given on the command line: red, green and blue.
 class ColorOption {
 public:

@@ -32,8 +32,9 @@ float ringRadius(std::size_t ring) { return static_cast<float>(kFirstRing * ring
 std::size_t ringOf(std::size_t i) {
     if (i == 0)
         return 0;
-    const auto sixths = static_cast<double>((i - 1) / kFirstRing);
-    return static_cast<std::size_t>(std::max(0.0, std::sqrt(2 * sixths + 0.25) - 0.5)) + 1;
+    const std::size_t sixths = (i - 1) / kFirstRing;
+    const double root = std::sqrt(2 * static_cast<double>(sixths) + 0.25);
+    return static_cast<std::size_t>(std::max(0.0, root - 0.5)) + 1;
 }
 
 BeadGeometry::BeadGeometry(PatternStyle style, const Tuple<2, unsigned>& size)
@@ -46,10 +47,11 @@ BeadGeometry::BeadGeometry(PatternStyle style, const Tuple<2, unsigned>& size)
 Point<2, float> BeadGeometry::position(std::size_t i) const {
     if (style_ == PatternStyle::Circle)
         return circlePosition(i);
-    const auto column = static_cast<double>(i % rowLength_);
-    const auto row = static_cast<double>(i / rowLength_);
+    const std::size_t row = i / rowLength_;
+    const std::size_t column = i % rowLength_;
     if (style_ == PatternStyle::Hex)
-        return {0.5 * column, std::numbers::sqrt3 * 0.5 * row};
+        return {0.5 * static_cast<double>(column),
+                std::numbers::sqrt3 * 0.5 * static_cast<double>(row)};
     return {column, row};
 }
 

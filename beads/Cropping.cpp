@@ -52,6 +52,10 @@ void crop(Picture& picture, const PictureRegion& region) {
     requireAtMost(right, picture.size()[1]);
     requireAtMost(bottom, picture.size()[2]);
 
+    const Tuple<3, unsigned> size{3U, region.extent()[0], region.extent()[1]};
+    if (sampleCount(size) == 0)
+        return picture.Resize(size);
+
     // Rows only move towards the front, past those that were moved before.
     const std::size_t stride = std::size_t{3} * picture.size()[1];
     const std::size_t rowBytes = std::size_t{3} * region.extent()[0];
@@ -60,12 +64,14 @@ void crop(Picture& picture, const PictureRegion& region) {
         samples + (picture.size()[2] - bottom) * stride + std::size_t{3} * region.origin()[0];
     for (std::size_t row = 0; row < region.extent()[1]; ++row)
         std::copy_n(from + row * stride, rowBytes, samples + row * rowBytes);
-    picture.Resize({3U, region.extent()[0], region.extent()[1]});
+    picture.Resize(size);
 }
 
 PictureRegion opaqueRegion(const PictureView& picture, const ColorBox& transparent) {
     const unsigned width = picture.size()[1];
     const unsigned height = picture.size()[2];
+    if (picture.count() == 0)
+        return {{}, {width, height}};
     std::size_t left = width;
     std::size_t right = 0;
     unsigned bottomRow = height; // both count from the bottom of the picture

@@ -17,7 +17,8 @@ struct Window {
 /// The `width` indices around `centre` of those below `count`; fewer only where there are fewer.
 Window windowAround(double centre, std::size_t width, std::size_t count) {
     const std::size_t latest = count > width ? count - width : 0;
-    const double wanted = std::round(centre) - static_cast<double>(width / 2);
+    const std::size_t before = width / 2;
+    const double wanted = std::round(centre) - static_cast<double>(before);
     const double first = std::clamp(wanted, 0.0, static_cast<double>(latest));
     return {static_cast<std::size_t>(first),
             std::min(static_cast<std::size_t>(first) + width, count)};

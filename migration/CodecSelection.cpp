@@ -1,8 +1,11 @@
 #include "migration/CodecSelection.h"
 
+#include "migration/JPEGImporter.h"
 #include "migration/NativeImporter.h"
 #include "migration/NetPBMExporter.h"
 #include "migration/NetPBMImporter.h"
+#include "migration/PNGExporter.h"
+#include "migration/PNGImporter.h"
 
 #include <algorithm>
 #include <array>
@@ -31,10 +34,13 @@ constexpr std::size_t kSignatureBytes = 8; // of the longest
 
 constexpr Codec<DataImporter> kImporters[] = {
     {{"pbm", "pgm", "ppm", "pam", "pnm"}, "", create<DataImporter, NetPBMImporter>},
+    {{"png"}, "\x89PNG\r\n\x1A\n", create<DataImporter, PNGImporter>},
+    {{"jpeg", "jpg"}, "\xFF\xD8", create<DataImporter, JPEGImporter>},
 };
 
 constexpr Codec<DataExporter> kExporters[] = {
     {{"pbm", "pgm", "ppm", "pam", "pnm"}, "", create<DataExporter, NetPBMExporter>},
+    {{"png"}, "", create<DataExporter, PNGExporter>},
 };
 
 /// What follows the last full stop, in lower case; empty when there is none.

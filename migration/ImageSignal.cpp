@@ -50,34 +50,39 @@ SampleLayout layoutOf(const ImageMetadata& metadata) {
     return layout;
 }
 
-/// Moves the three bytes of pixel `pixel` of one line.
-void movePixel(const SampleLayout& layout, const std::uint8_t* from, std::uint8_t* to,
-               std::size_t pixel) {
-    const std::uint8_t* source = from + pixel * layout.pixelStride;
+/// Moves the three bytes of pixel `pixel` to where they belong.
+void movePixel(const SampleLayout& layout, std::uint8_t* memory, std::size_t pixel) {
+    const std::uint8_t* source = memory + pixel * layout.pixelStride;
     const std::array<std::uint8_t, kChannels> rgb{
         source[layout.offsets[0]], source[layout.offsets[1]], source[layout.offsets[2]]};
     for (std::size_t c = 0; c < kChannels; ++c)
-        to[pixel * kChannels + c] = static_cast<std::uint8_t>(rgb[c] * layout.scale);
+        memory[pixel * kChannels + c] = static_cast<std::uint8_t>(rgb[c] * layout.scale);
+}
+
+/// Moves the lines of a picture together, so that no bytes lie between them.
+void closeLines(std::uint8_t* bytes, SampleLayout& layout, std::size_t width, std::size_t height) {
+    const std::size_t lineBytes = layout.pixelStride * width;
+    if (layout.lineStride != lineBytes)
+        for (std::size_t line = 0; line < height; ++line)
+            std::copy_n(bytes + line * layout.lineStride, lineBytes, bytes + line * lineBytes);
+    layout.lineStride = lineBytes;
 }
 
 /// Turns a picture into red, green and blue bytes within the same memory.
 ///
 /// Where pixels shrink every byte moves towards the front, so the walk starts there; where they
 /// grow it starts at the end.
-void packInPlace(IncrementalBuffer& bytes, const SampleLayout& layout, std::size_t width,
+void packInPlace(IncrementalBuffer& bytes, SampleLayout layout, std::size_t width,
                  std::size_t height) {
     const std::uint64_t packed = std::uint64_t{kChannels} * width * height;
+    const std::size_t pixels = width * height;
+    closeLines(bytes.writableData().data(), layout, width, height);
     const bool grows = layout.pixelStride < kChannels;
     if (grows)
-        bytes.resize(std::max<std::uint64_t>(packed, bytes.size()));
+        bytes.resize(packed);
     std::uint8_t* const memory = bytes.writableData().data();
-    for (std::size_t k = 0; k < height; ++k) {
-        const std::size_t line = grows ? height - 1 - k : k;
-        const std::uint8_t* from = memory + line * layout.lineStride;
-        std::uint8_t* to = memory + line * width * kChannels;
-        for (std::size_t i = 0; i < width; ++i)
-            movePixel(layout, from, to, grows ? width - 1 - i : i);
-    }
+    for (std::size_t k = 0; k < pixels; ++k)
+        movePixel(layout, memory, grows ? pixels - 1 - k : k);
     bytes.resize(packed);
 }
 
@@ -100,7 +105,7 @@ void ImageSignal<T>::importImage(DataImporter& importer) {
     const bool isPackedAlready = layout.pixelStride == kChannels && metadata.type.bits == 8 &&
                                  metadata.format != ImageMetadata::Format::Bgra &&
                                  layout.lineStride == kChannels * metadata.width;
-    if (!isPackedAlready)
+    if (!isPackedAlready && needed > 0)
         packInPlace(bytes_, layout, metadata.width, metadata.height);
     Resize({kChannels, metadata.width, metadata.height});
 }

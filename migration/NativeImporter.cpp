@@ -73,7 +73,9 @@ const ImageMetadata& NativeMetaImporter::takeMetadata() {
 void NativeImporter::readData(DynamicBuffer& buffer) {
     const ImageMetadata& metadata = takeMetadata();
     const ImageFormatDescriptor layout{metadata};
-    if (layout.pixelStride * 8 < std::uint64_t{metadata.channels} * metadata.type.bits)
+    // Each channel has a slot of whole bytes within its pixel.
+    const std::uint64_t sampleBytes = (std::uint64_t{metadata.type.bits} + 7) / 8;
+    if (layout.pixelStride < metadata.channels * sampleBytes)
         throw SupportException{kNoOrigin, "non-byte-aligned pixels"};
     const auto stored = Deserializer{stream()}.get<std::uint32_t>();
     if (stored != layout.bytes())

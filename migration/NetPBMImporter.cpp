@@ -104,9 +104,14 @@ void checkChannels(const ImageMetadata& metadata) {
 
 /// Exchanges the first line with the last one, the second with the last but one and so on.
 void flipLines(std::span<std::uint8_t> lines, std::size_t lineBytes) {
-    for (; lineBytes > 0 && lines.size() > lineBytes;
-         lines = lines.subspan(lineBytes, lines.size() - 2 * lineBytes))
-        std::ranges::swap_ranges(lines.first(lineBytes), lines.last(lineBytes));
+    if (lineBytes == 0)
+        return;
+    for (; lines.size() > lineBytes;
+         lines = lines.subspan(lineBytes, lines.size() - 2 * lineBytes)) {
+        const std::span<std::uint8_t> first = lines.first(lineBytes);
+        // The form with one end only is the one that the compiler vectorises.
+        std::swap_ranges(first.begin(), first.end(), lines.last(lineBytes).begin());
+    }
 }
 
 /// The bits of each byte as one byte each, the most significant bit first.

@@ -1,0 +1,68 @@
+#include "app/ShowSubcommand.h"
+
+#include "app/Artwork.h"
+#include "beads/LayerDrawing.h"
+#include "core/Exception.h"
+#include "core/SaveOutput.h"
+#include "migration/CodecSelection.h"
+
+#include <iostream>
+
+using namespace VORN;
+
+namespace {
+
+/// The name of the picture of a layer: `name` itself for the first, then with "_1", "_2", ...
+/// before its extension.
+std::string layerFile(const std::string& name, std::size_t layer) {
+    if (layer == 0)
+        return name;
+    const std::size_t stem = std::min(name.rfind('.'), name.size());
+    return name.substr(0, stem) + '_' + std::to_string(layer) + name.substr(stem);
+}
+
+bool saveImage(const std::string& name, const Migration::ImageSignal<unsigned char>& image) {
+    const auto exporter = Migration::chooseExporter(name);
+    return saveOutput(name, [&](WriteStream& out) {
+        exporter->setStream(&out);
+        image.exportImage(*exporter);
+    });
+}
+
+} // namespace
+
+ShowSubcommand::ShowSubcommand()
+    : KavrinSubcommand{kName, kDescription},
+      paletteFile_{arguments()
+                       .addPositional("palette file, or the name of a builtin palette")
+                       .add<Text>("palette file")},
+      patternFile_{arguments().addPositional("pattern file").add<Text>("pattern file")},
+      imageFile_{arguments()
+                     .addPositional("output image file; exporter chosen by extension")
+                     .add<Text>("output image file")},
+      beadSize_{arguments()
+                    .addNamed({"-s"}, "bead size")
+                    .add<ArgumentProcessor::SimpleValue<float>>("", 4.0F)},
+      background_{arguments().addNamed({"--background"}, ColorOption::kDescription),
+                  {0.5F, 0.5F, 0.5F}} {}
+
+int ShowSubcommand::run() {
+    if (!(beadSize_.get() > 0.0F))
+        throw UnexpectedValueException{kNoOrigin, VORN::Text::toText(beadSize_.get()),
+                                       "a bead size above 0"};
+    Palette palette;
+    Pattern pattern;
+    if (!loadPalette(paletteFile_.get(), palette) || !loadPattern(patternFile_.get(), pattern))
+        return 1;
+    if (!Migration::chooseExporter(imageFile_.get())) {
+        std::cerr << imageFile_.get() << " is not a supported format. \n";
+        return 1;
+    }
+    Migration::ImageSignal<unsigned char> image;
+    for (std::size_t layer = 0; layer < pattern.layerCount(); ++layer) {
+        drawLayer(pattern, layer, palette, beadSize_.get(), background_.color(), image);
+        if (!saveImage(layerFile(imageFile_.get(), layer), image))
+            return 1;
+    }
+    return 0;
+}

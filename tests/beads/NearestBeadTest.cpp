@@ -1,0 +1,73 @@
+#include "beads/NearestBead.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace VORN {
+namespace {
+
+std::optional<std::size_t> nearestByWalk(const BeadGeometry& geometry, std::size_t length,
+                                         const Point<2, float>& point) {
+    std::optional<std::size_t> best;
+    float distance = 0.0F;
+    forEachBead(geometry, length, [&](std::size_t i) {
+        const float here = squaredDistance(geometry.position(i), point);
+        if (best && !(here < distance))
+            return;
+        best = i;
+        distance = here;
+    });
+    return best;
+}
+
+struct Case {
+    PatternStyle style;
+    Tuple<2, unsigned> size;
+    std::size_t length; // of the content
+};
+
+void PrintTo(const Case& c, std::ostream* out) {
+    *out << kPatternStyleNames.at(static_cast<std::size_t>(c.style)) << ' ' << c.size[0] << " x "
+         << c.size[1] << " with " << c.length << " characters";
+}
+
+class NearestBeadTest : public testing::TestWithParam<Case> {};
+
+// Points inside the box and up to four pitches outside; every second one on a raster of quarter
+// pitches, where many beads are equally far.
+TEST_P(NearestBeadTest, IsTheBeadThatTheWalkFinds) {
+    const auto& [style, size, length] = GetParam();
+    const Pattern::Layer layer{std::string(length, 'a'), size};
+    const BeadGeometry geometry{style, size};
+    const NearestBead nearestBead{style, layer};
+    const auto& [origin, end] =
+        std::pair{geometry.box().origin(), geometry.box().origin() + geometry.box().extent()};
+    std::mt19937 random{20240707};
+    std::uniform_real_distribution<float> x{origin[0] - 4, end[0] + 4};
+    std::uniform_real_distribution<float> y{origin[1] - 4, end[1] + 4};
+    for (int n = 0; n < 400; ++n) {
+        Point<2, float> point{x(random), y(random)};
+        if (n % 2 == 0)
+            point = {std::round(point[0] * 4) / 4, std::round(point[1] * 4) / 4};
+        ASSERT_EQ(nearestBead.find(point), nearestByWalk(geometry, length, point))
+            << "at " << point[0] << ", " << point[1];
+    }
+}
+
+// Files may give hex rows an odd number of characters and circles a first row of any length, so
+// that the content does not fit the size.
+INSTANTIATE_TEST_SUITE_P(
+    Layers, NearestBeadTest,
+    testing::Values(Case{PatternStyle::Square, {1, 1}, 1}, Case{PatternStyle::Square, {3, 40}, 120},
+                    Case{PatternStyle::Square, {29, 29}, 841},
+                    Case{PatternStyle::Square, {0, 0}, 0}, Case{PatternStyle::Hex, {1, 1}, 2},
+                    Case{PatternStyle::Hex, {12, 30}, 720}, Case{PatternStyle::Hex, {2, 7}, 35},
+                    Case{PatternStyle::Hex, {9, 15}, 285}, Case{PatternStyle::Hex, {0, 5}, 5},
+                    Case{PatternStyle::Circle, {1, 1}, 1}, Case{PatternStyle::Circle, {2, 2}, 7},
+                    Case{PatternStyle::Circle, {16, 16}, 721},
+                    Case{PatternStyle::Circle, {1, 1}, 30}, Case{PatternStyle::Circle, {3, 3}, 23},
+                    Case{PatternStyle::Circle, {12, 12}, 404}));
+
+} // namespace
+} // namespace VORN

@@ -1,0 +1,85 @@
+#include "beads/PaletteMatcher.h"
+#include "beads/ColorCache.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace VORN {
+namespace {
+
+/// The plain walk over all symbols.
+unsigned char nearestByWalk(const Palette& palette, const PaletteMatcher::Weights& weights,
+                            const Color& color) {
+    unsigned char nearest = 0;
+    float best = -1.0F;
+    for (unsigned code = 0; code < Palette::kSlots; ++code) {
+        const auto symbol = static_cast<unsigned char>(code);
+        if (!palette.Contains(symbol))
+            continue;
+        const Color& entry = palette.Get(symbol);
+        const float distance =
+            weights ? hsvDistance(color, entry, *weights) : rgbDistance(color, entry);
+        if (best < 0.0F || distance < best) {
+            best = distance;
+            nearest = symbol;
+        }
+    }
+    return nearest;
+}
+
+TEST(PaletteMatcher, MatchesAsThePlainWalk) {
+    std::mt19937 random{1};
+    // Few steps, so that distances often are equal; some components far outside.
+    std::uniform_int_distribution<int> step{-2, 10};
+    const auto color = [&] {
+        return Color{static_cast<float>(step(random)) / 8.0F,
+                     static_cast<float>(step(random)) / 8.0F,
+                     static_cast<float>(step(random)) / 8.0F};
+    };
+    for (const unsigned entries : {0U, 1U, 2U, 15U, 16U, 17U, 62U, 255U, 256U}) {
+        Palette palette;
+        for (unsigned i = 0; i < entries; ++i)
+            palette.Set(static_cast<unsigned char>(255 - i), color());
+        if (entries > 2)
+            palette.Set(200, {3e38F, 3e38F, 0});
+        for (const PaletteMatcher::Weights& weights :
+             {PaletteMatcher::Weights{}, PaletteMatcher::Weights{{2.0F, 0.0F, 0.5F}}}) {
+            const PaletteMatcher matcher{palette, weights};
+            for (int i = 0; i < 300; ++i) {
+                const Color wanted = color();
+                EXPECT_EQ(matcher.nearest(wanted), nearestByWalk(palette, weights, wanted));
+            }
+        }
+    }
+}
+
+TEST(PaletteMatcher, TakesTheLowerSymbolOfEquals) {
+    Palette palette;
+    palette.Set('b', {1, 0, 0});
+    palette.Set('a', {0, 1, 0});
+    EXPECT_EQ(PaletteMatcher(palette, {}).nearest({0.5F, 0.5F, 0}), 'a');
+    const PaletteMatcher::Match empty = PaletteMatcher({}, {}).match({1, 1, 1});
+    EXPECT_EQ(empty.symbol, 0);
+    EXPECT_EQ(empty.color, Color(0, 0, 0));
+}
+
+TEST(ColorCache, HasASlotForEachColor) {
+    std::vector<bool> taken(std::size_t{1} << 24);
+    std::size_t distinct = 0;
+    for (unsigned red = 0; red < 256; red += 5)
+        for (unsigned green = 0; green < 256; green += 3)
+            for (unsigned blue = 0; blue < 256; ++blue) {
+                const unsigned char rgb[] = {static_cast<unsigned char>(red),
+                                             static_cast<unsigned char>(green),
+                                             static_cast<unsigned char>(blue)};
+                const std::size_t slot = colorSlot(rgb);
+                ASSERT_LT(slot, taken.size());
+                distinct += taken[slot] ? 0 : 1;
+                taken[slot] = true;
+            }
+    EXPECT_EQ(distinct, 52U * 86U * 256U);
+}
+
+} // namespace
+} // namespace VORN

@@ -1,0 +1,137 @@
+#include "core/BufferStream.h"
+#include "core/CppInStream.h"
+#include "core/CppOutStream.h"
+#include "core/Crc32.h"
+#include "core/ReadAll.h"
+#include "core/SaveOutput.h"
+#include "core/SizeMeasureWriteStream.h"
+#include "core/StreamPump.h"
+#include "tests/Complaint.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <numeric>
+
+namespace VORN {
+namespace {
+
+std::span<const std::uint8_t> bytesOf(std::string_view text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+std::string take(ReadStream& in, std::size_t count) {
+    std::string text(count, '?');
+    in.read({reinterpret_cast<std::uint8_t*>(text.data()), count});
+    return text;
+}
+
+// Every source of bytes behaves alike.
+void checkReading(RandomReadStream& in, const char* pastEnd) {
+    EXPECT_EQ(in.size(), 10U);
+    EXPECT_EQ(take(in, 3), "012");
+    in.skip(2);
+    in.skip(2, 1);
+    EXPECT_EQ(in.tell(), 7U);
+    EXPECT_EQ(take(in, 3), "789");
+    EXPECT_TRUE(in.atEnd());
+    EXPECT_EQ(take(in, 0), "");
+    EXPECT_EQ(complaintOf([&] { take(in, 1); }), pastEnd);
+    in.seek(9);
+    EXPECT_FALSE(in.atEnd());
+    std::array<std::uint8_t, 4> some{};
+    EXPECT_EQ(in.readSome(some), 1U);
+    EXPECT_EQ(in.readSome(some), 0U);
+}
+
+TEST(Streams, ReadAlike) {
+    BorrowConstBuffer buffer{bytesOf("0123456789")};
+    ConstBufferStream memory{buffer};
+    checkReading(memory, "Attempted to read over end of buffer. ");
+    EXPECT_EQ(complaintOf([&] { buffer.writableData(); }),
+              "Failed to access buffer fully because it is const. ");
+    std::istringstream text{"0123456789"};
+    CppInStream file{text};
+    checkReading(file, "Failed to read from input stream. ");
+}
+
+TEST(Streams, TellWhatFailed) {
+    std::ifstream missing{"/nonexistent"};
+    EXPECT_EQ(complaintOf([&] { CppInStream{missing}; }), "Wrapping bad input stream. ");
+    std::ofstream unwritable{"/nonexistent/x"};
+    EXPECT_EQ(complaintOf([&] { CppOutStream{unwritable}; }), "Wrapping bad output stream. ");
+    std::ifstream directory{"."};
+    CppInStream in{directory};
+    EXPECT_EQ(complaintOf([&] { take(in, 1); }), "Failed to read from input stream. ");
+    EXPECT_EQ(complaintOf([&] { in.seek(std::uint64_t{1} << 63); }),
+              "Value (9223372036854775808) out of bound (9223372036854775807). ");
+    std::ofstream full{"/dev/full"};
+    CppOutStream out{full};
+    out.write(bytesOf("x"));
+    EXPECT_EQ(complaintOf([&] { out.flush(); }), "Failed to flush output stream. ");
+    EXPECT_EQ(complaintOf([&] { StreamPump{1}.pumpToEnd(); }),
+              "Stream pump source not initialized. ");
+}
+
+TEST(StreamPump, CopiesInPieces) {
+    for (const std::size_t chunk : {1U, 4U, 100U}) {
+        BorrowConstBuffer buffer{bytesOf("0123456789")};
+        ConstBufferStream source{buffer};
+        IncrementalBuffer copied;
+        BufferStream sink{copied};
+        StreamPump pump{chunk};
+        pump.setSource(&source);
+        pump.setSink(&sink);
+        pump.pump(3);
+        EXPECT_EQ(source.tell(), 3U);
+        pump.pumpToEnd();
+        EXPECT_TRUE(std::ranges::equal(copied.data(), buffer.data()));
+        SizeMeasureWriteStream measure;
+        source.seek(1);
+        pump.setSink(&measure);
+        EXPECT_NE(complaintOf([&] { pump.pump(10); }), "");
+        pump.pumpToEnd();
+        EXPECT_LE(measure.size(), 9U);
+    }
+}
+
+TEST(ReadAll, TakesWhatThereIs) {
+    std::string text(200000, 'x');
+    std::iota(text.begin(), text.end(), 0);
+    std::istringstream source{text};
+    CppInStream in{source};
+    IncrementalBuffer bytes;
+    bytes.append(bytesOf("before"));
+    readAll(in, bytes);
+    EXPECT_TRUE(std::ranges::equal(bytes.data(), bytesOf("before" + text)));
+}
+
+TEST(Crc32, MatchesThePublishedCheckValue) {
+    for (const std::size_t split : {0U, 1U, 5U, 9U}) {
+        Crc32 crc;
+        crc.update(bytesOf("123456789").first(split));
+        crc.update(bytesOf("123456789").subspan(split));
+        EXPECT_EQ(crc.value(), 0xCBF43926U);
+    }
+}
+
+TEST(SaveOutput, LeavesNoHalfWrittenFile) {
+    const std::string name = testing::TempDir() + "half-written.txt";
+    EXPECT_EQ(complaintOf([&] {
+                  saveOutput(name, [](WriteStream& out) {
+                      out.write(bytesOf("half"));
+                      throw IteratorException{kNoOrigin};
+                  });
+              }),
+              "Invalid iterator. ");
+    EXPECT_FALSE(std::filesystem::exists(name));
+    EXPECT_TRUE(saveOutput(name, [](WriteStream& out) { out.write(bytesOf("whole")); }));
+    EXPECT_EQ(std::filesystem::file_size(name), 5U);
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(saveOutput("/nonexistent/x", [](WriteStream&) {}));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Failed to open /nonexistent/x\n");
+}
+
+} // namespace
+} // namespace VORN

@@ -1,0 +1,204 @@
+// The clever loops of the JPEG decoder against their plain twins.
+
+#include "core/Exception.h"
+#include "migration/JPEGColor.h"
+#include "migration/JPEGHuffmanTable.h"
+#include "migration/JPEGInverseDct.h"
+#include "migration/JPEGUpsampling.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <numbers>
+#include <random>
+#include <vector>
+
+namespace VORN::Migration::JPEG {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// ITU-T T.81, clause A.3.3, as it stands there; `frequencies` by [vertical][horizontal].
+double exactSample(const double (&frequencies)[8][8], int x, int y) {
+    double sum = 0;
+    for (int v = 0; v < 8; ++v)
+        for (int u = 0; u < 8; ++u)
+            sum += (u == 0 ? std::numbers::sqrt2 / 2 : 1) * (v == 0 ? std::numbers::sqrt2 / 2 : 1) *
+                   frequencies[v][u] * std::cos((2 * x + 1) * u * std::numbers::pi / 16) *
+                   std::cos((2 * y + 1) * v * std::numbers::pi / 16);
+    return std::clamp(std::round(sum / 4 + 128), 0.0, 255.0);
+}
+
+TEST(JPEGInverseDct, IsWithinOneOfTheExactTransform) {
+    std::mt19937 random{1};
+    for (const auto& [step, bound] : std::map<int, int>{{1, 1024}, {16, 64}, {255, 4}}) {
+        Bytes parameters(65, static_cast<std::uint8_t>(step));
+        parameters[0] = 0;
+        Segment segment{parameters};
+        const InverseDct inverse{QuantizationTable{segment}};
+        for (unsigned round = 0; round < 400; ++round) {
+            CoefficientBlock block{};
+            double frequencies[8][8] = {};
+            for (unsigned count = round % 65; count > 0; --count) {
+                const std::size_t place = random() % 64;
+                block[place] =
+                    static_cast<std::int16_t>(static_cast<int>(random() % (2 * bound + 1)) - bound);
+                frequencies[place % 8][place / 8] = block[place] * step;
+            }
+            std::uint8_t samples[8][8];
+            inverse.transform(block, samples[0], 8);
+            for (int y = 0; y < 8; ++y)
+                for (int x = 0; x < 8; ++x)
+                    ASSERT_NEAR(samples[y][x], exactSample(frequencies, x, y), 1);
+        }
+    }
+}
+
+TEST(JPEGColor, IsTheFloatFormulaForAllColors) {
+    const auto toByte = [](float value) {
+        return static_cast<std::uint8_t>(std::clamp(value, 0.0F, 255.0F));
+    };
+    Bytes y(256);
+    for (unsigned i = 0; i < 256; ++i)
+        y[i] = static_cast<std::uint8_t>(i);
+    Bytes pixels(3 * 256);
+    Bytes expected(3 * 256);
+    for (unsigned blue = 0; blue < 256; ++blue)
+        for (unsigned red = 0; red < 256; ++red) {
+            convertLine(y, Bytes(256, static_cast<std::uint8_t>(blue)),
+                        Bytes(256, static_cast<std::uint8_t>(red)), pixels);
+            const float cb = static_cast<float>(blue) - 128.0F;
+            const float cr = static_cast<float>(red) - 128.0F;
+            for (std::size_t i = 0; i < 256; ++i) {
+                const auto luminance = static_cast<float>(i);
+                expected[3 * i] = toByte(luminance + 1.402F * cr);
+                expected[3 * i + 1] = toByte(luminance - 0.3441F * cb - 0.7141F * cr);
+                expected[3 * i + 2] = toByte(luminance + 1.772F * cb);
+            }
+            ASSERT_EQ(pixels, expected) << blue << ' ' << red;
+        }
+}
+
+TEST(JPEGColor, WritesNothingBehindItsLine) {
+    for (std::size_t width : {1U, 2U, 255U, 256U, 257U, 513U}) {
+        Bytes pixels(3 * width + 1, 77);
+        const Bytes grey(width, 128);
+        convertLine(grey, grey, grey, std::span{pixels}.first(3 * width));
+        EXPECT_EQ(std::ranges::count(pixels, 128), static_cast<std::ptrdiff_t>(3 * width));
+        EXPECT_EQ(pixels.back(), 77);
+    }
+}
+
+TEST(JPEGUpsampling, BlendsThreeQuartersAndOneQuarter) {
+    std::mt19937 random{2};
+    for (std::size_t width = 2; width < 40; ++width) {
+        Bytes nearLine(width);
+        Bytes farLine(width);
+        std::ranges::generate(nearLine, [&] { return static_cast<std::uint8_t>(random()); });
+        std::ranges::generate(farLine, [&] { return static_cast<std::uint8_t>(random()); });
+        std::vector<std::uint16_t> sums(width);
+        addLines(nearLine, farLine, sums);
+        Bytes first(width);
+        Bytes second(width);
+        enlargeDown(sums, Half::First, first);
+        enlargeDown(sums, Half::Second, second);
+        Bytes across(2 * width);
+        enlargeAcross(nearLine, across);
+        Bytes both(2 * width);
+        enlargeBoth(sums, both);
+
+        for (std::size_t i = 0; i < 2 * width; ++i) {
+            const std::size_t at = i / 2;
+            const std::size_t beside = i % 2 == 0 ? at - (at > 0) : std::min(at + 1, width - 1);
+            const int sum = 3 * nearLine[at] + farLine[at];
+            const int sumBeside = 3 * nearLine[beside] + farLine[beside];
+            const int odd = static_cast<int>(i % 2);
+            ASSERT_EQ(odd != 0 ? second[at] : first[at], (sum + 1 + odd) / 4);
+            ASSERT_EQ(across[i], (3 * nearLine[at] + nearLine[beside] + 1 + odd) / 4);
+            ASSERT_EQ(both[i], (3 * sum + sumBeside + 8 - odd) / 16);
+        }
+    }
+}
+
+/// A code as ITU-T T.81, annex C builds it: symbol by length and code.
+using PlainCode = std::map<std::pair<unsigned, unsigned>, std::uint8_t>;
+
+PlainCode plainCode(const Bytes& parameters) {
+    PlainCode symbols;
+    std::size_t next = 17;
+    unsigned code = 0;
+    for (unsigned length = 1; length <= 16; ++length, code <<= 1)
+        for (unsigned i = 0; i < parameters[length]; ++i)
+            symbols[{length, code++}] = parameters[next++];
+    return symbols;
+}
+
+TEST(JPEGHuffmanTable, DecodesAsBitByBit) {
+    // Codes of all lengths; AC symbols of all runs and of sizes 1 to 10.
+    Bytes parameters{0x10, 0, 1, 2, 1, 3, 4, 2, 5, 6, 7, 9, 11, 13, 20, 30, 40};
+    unsigned codes = 0;
+    for (std::size_t i = 1; i <= 16; ++i)
+        codes += parameters[i];
+    for (unsigned i = 0; i < codes; ++i)
+        parameters.push_back(static_cast<std::uint8_t>(i / 10 << 4 | (i % 10 + 1)));
+    Segment segment{parameters};
+    const HuffmanTable table{segment};
+    const PlainCode plain = plainCode(parameters);
+
+    // Random codes, each followed by as many random bits as its size says, with stuffed bytes.
+    std::mt19937 random{3};
+    std::string written;
+    std::vector<std::pair<unsigned, int>> expected;
+    const auto writeBits = [&](unsigned bits, unsigned count) {
+        while (count-- > 0)
+            written += (bits >> count & 1) != 0 ? '1' : '0';
+    };
+    for (unsigned i = 0; i < 20000; ++i) {
+        const auto& [code, symbol] = *std::next(plain.begin(), random() % codes);
+        const unsigned size = symbol & 15U;
+        const unsigned number = random() % (1U << size);
+        writeBits(code.second, code.first);
+        writeBits(number, size);
+        const bool isNegative = number < 1U << (size - 1);
+        expected.emplace_back(symbol >> 4,
+                              static_cast<int>(number) - (isNegative ? (1 << size) - 1 : 0));
+    }
+    Bytes data;
+    for (std::size_t i = 0; i + 8 <= written.size(); i += 8) {
+        data.push_back(static_cast<std::uint8_t>(std::stoi(written.substr(i, 8), nullptr, 2)));
+        if (data.back() == 0xFF)
+            data.push_back(0x00);
+    }
+
+    ByteUnstuffer bits{data};
+    for (std::size_t i = 0; i + 4 < expected.size(); ++i) { // the last byte may be missing
+        const auto [run, value] = table.takeCoefficient(bits);
+        ASSERT_EQ(run, expected[i].first) << i;
+        ASSERT_EQ(value, expected[i].second) << i;
+        bits.requireData();
+        if (i % 1000 == 0) { // the rest of a byte is skipped, so look at a copy only
+            const std::size_t left = ByteUnstuffer{bits}.rest().size();
+            ASSERT_LE(left, data.size());
+        }
+    }
+}
+
+TEST(ByteUnstuffer, GivesBackTheBytesItDidNotUse) {
+    const Bytes data{0xFF, 0x00, 0x12, 0xFF, 0x00, 0xFF, 0x00, 0x34, 0xFF, 0xD9};
+    const std::size_t kRests[] = {10, 8, 7, 5, 3, 2}; // by bytes taken
+    for (unsigned taken = 0; taken <= 5; ++taken) {
+        ByteUnstuffer bits{data};
+        for (unsigned i = 0; i < 8 * taken; ++i)
+            bits.takeBit();
+        EXPECT_EQ(bits.rest().size(), kRests[taken]);
+        if (taken < 5) {
+            bits.takeBit(); // a byte begun is a byte used
+            EXPECT_EQ(bits.rest().size(), kRests[taken + 1]);
+        }
+    }
+}
+
+} // namespace
+} // namespace VORN::Migration::JPEG

@@ -73,11 +73,12 @@ private:
     [[noreturn]] static void throwAtEnd() {
         throw VORN::StreamException{kNoOrigin, "Attempted to read over end of buffer. "};
     }
+    /// Written out, since g++ makes one load of this but not of a loop.
     static std::uint64_t word(const std::uint8_t* bytes) {
-        std::uint64_t value = 0;
-        for (unsigned i = 0; i < kWordBytes; ++i)
-            value |= std::uint64_t{bytes[i]} << 8 * i;
-        return value;
+        return std::uint64_t{bytes[0]} | std::uint64_t{bytes[1]} << 8 |
+               std::uint64_t{bytes[2]} << 16 | std::uint64_t{bytes[3]} << 24 |
+               std::uint64_t{bytes[4]} << 32 | std::uint64_t{bytes[5]} << 40 |
+               std::uint64_t{bytes[6]} << 48 | std::uint64_t{bytes[7]} << 56;
     }
     void refill() { // to at least 57 bits, or to the end of the bytes
         for (; filled_ <= 56 && next_ < bytes_.size(); filled_ += 8)

@@ -17,10 +17,12 @@ namespace {
     throw FormatException{kNoOrigin, "deflate", detail};
 }
 
-/// Repeats the `length` bytes that begin `distance` before `to`; the two ranges may overlap, and up
-/// to `kCopyBytes` - 1 bytes more are written.
+constexpr std::size_t kLongestMatch = kLengthCodes.back().base;
 constexpr std::size_t kCopyBytes = 16;
 
+/// Repeats the `length` bytes that begin `distance` before `to`, which may be fewer than `length`.
+///
+/// What is written may end up to `2 * kCopyBytes` further on.
 inline void copyMatch(std::uint8_t* to, std::size_t distance, std::size_t length) {
     const std::uint8_t* const end = to + length;
     if (distance == 1) {
@@ -61,9 +63,10 @@ public:
 private:
     static constexpr std::size_t kHistoryBytes = 32768; // the largest distance
     static constexpr std::size_t kWindowBytes = 8 * kHistoryBytes;
-    // What one turn of a decoding loop may write: some literals, a match and what its copy writes
-    // beyond it.
-    static constexpr std::size_t kTurnBytes = 512;
+    static constexpr unsigned kLookUpsPerRefill = 56 / LiteralTable::kBits;
+    // What one turn of a decoding loop may write.
+    static constexpr std::size_t kTurnBytes =
+        2 * kLookUpsPerRefill + kLongestMatch + 2 * kCopyBytes;
     static constexpr unsigned kWordsPerTurn = 2; // of `BitReader::refillWhole`
 
     bool inflateBlock();
@@ -204,8 +207,8 @@ void Inflater::copyBack(std::size_t length) {
     size_ += length;
 }
 
-/// Turns without checks, as long as the input holds the words of one and the window has its room.
-/// Ends before whatever is not plain, for `inflateSymbol` to deal with.
+/// Decodes without checking each access, as long as the input holds the words of a turn and the
+/// window has its room. Ends before what is neither literal nor match, and before what is wrong.
 void Inflater::inflateWhileRoomy() {
     BitReader bits = bits_;
     std::uint8_t* const out = window_.get();
@@ -213,8 +216,8 @@ void Inflater::inflateWhileRoomy() {
     while (bits.holdsWords(kWordsPerTurn) && size < kWindowBytes) {
         bits.refillWhole();
         InflateEntry entry = literals_.lookUp(bits.low(LiteralTable::kBits));
-        // 56 bits are enough for this many look-ups, the one behind the last included.
-        for (unsigned left = 4; entry.isLiteral() && left > 0; --left) {
+        // Behind the last turn the look-up may lack bits; it is made again after the refill.
+        for (unsigned left = kLookUpsPerRefill; entry.isLiteral() && left > 0; --left) {
             bits.dropFilled(entry.bits);
             size += putLiterals(out + size, entry);
             entry = literals_.lookUp(bits.low(LiteralTable::kBits));
@@ -223,13 +226,13 @@ void Inflater::inflateWhileRoomy() {
             continue;
         bits.refillWhole(); // at most 20 bits for the length, and 28 for the distance
         entry = literals_.find(bits.low(HuffmanCode::kMaximumBits));
-        if (!entry.isRange()) {
-            if (!entry.isLiteral())
-                break;
+        if (entry.isLiteral()) {
             bits.dropFilled(entry.bits);
             size += putLiterals(out + size, entry);
             continue;
         }
+        if (!entry.isRange())
+            break;
         BitReader afterwards = bits;
         const std::size_t length = entry.member(afterwards.low(entry.bits));
         afterwards.dropFilled(entry.bits);

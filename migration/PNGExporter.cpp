@@ -30,7 +30,7 @@ struct Layout {
     std::uint64_t rawBytes;  // of all lines, with a filter byte before each
     std::uint64_t dataBytes; // of the IDAT chunk
 
-    // Each product is of factors below 2^32, apart from the bits of a pixel, which are below 2^10.
+    // A line has less than 2^32 pixels of less than 2^10 bits, and all other factors fit a chunk.
     explicit Layout(const ImageMetadata& metadata)
         : lines{metadata.height}, lineBytes{std::uint64_t{metadata.width} * metadata.channels *
                                             metadata.type.bits / 8},

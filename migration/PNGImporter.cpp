@@ -105,7 +105,7 @@ void PNGImporter::takePalette(const Chunk& chunk) {
         PNG::refuse("palette chunk has already appeared");
     if (chunk.length % 3 != 0)
         PNG::refuse("palette size not a multiple of 3");
-    // No length reaches 32 bits' worth of entries.
+    // From 32 on any length will do.
     if (chunk.length > std::uint64_t{3} << std::min<unsigned>(header_->bitDepth, 32))
         PNG::refuse("palette size larger than bit depth support");
     if (chunk.length == 0)
@@ -140,7 +140,7 @@ void PNGImporter::decodeLines(DynamicBuffer& buffer, std::uint64_t lineBytes,
                               std::size_t pixelBytes, const char* misfit) {
     ConstBufferStream compressed{compressed_};
     ZlibHeader::read(compressed).check();
-    // Memory is taken only for a picture that the data can fill.
+    // No memory for a picture that the data cannot fill.
     if (lineBytes * header_->height > kLargestExpansion * compressed_.size())
         PNG::refuse(misfit);
     buffer.resize(lineBytes * header_->height);

@@ -6,12 +6,12 @@
 using namespace VORN;
 
 PaletteSubcommand::PaletteSubcommand()
-    : KavrinSubcommand{kName, kDescription}, pictureFile_{arguments()
-                                                              .addPositional(
-                                                                  "importer chosen by extension")
-                                                              .add<Text>("input picture file")},
+    : KavrinSubcommand{kName, kDescription},
+      pictureFile_{arguments()
+                       .addPositional("input picture; importer chosen by extension")
+                       .add<Text>("input picture file")},
       paletteFile_{
-          arguments().addPositional("one symbol a color").add<Text>("output palette file")} {}
+          arguments().addPositional("output palette file").add<Text>("output palette file")} {}
 
 int PaletteSubcommand::run() {
     Migration::ImageSignal<unsigned char> picture;

@@ -52,7 +52,8 @@ private:
 Palette generatePalette(const PictureView& picture) {
     ColorCollection colors;
     const std::size_t width = picture.size()[1];
-    for (std::size_t row = picture.size()[2]; row-- > 0;)
+    const std::size_t rows = width > 0 ? picture.size()[2] : 0;
+    for (std::size_t row = rows; row-- > 0;)
         colors.add(picture.samples().data() + 3 * width * row, width);
     return colors.palette();
 }

@@ -12,7 +12,10 @@ namespace VORN {
 
 namespace {
 
-constexpr const char* kPreamble = R"tex(\documentclass{article}
+// Lines that end with a blank are string literals of their own, where it can be seen.
+// clang-format off
+constexpr const char* kPreamble =
+R"tex(\documentclass{article}
 \usepackage{tikz}
 \usepackage{framed}
 \usepackage{geometry}
@@ -26,17 +29,18 @@ constexpr const char* kPreamble = R"tex(\documentclass{article}
 
 )tex";
 
-constexpr const char* kBlockStart = R"tex(\begin{framed}
+constexpr const char* kBlockStart =
+R"tex(\begin{framed}
 \begin{center}
 \begin{tikzpicture}[x=$(MirrorSign)$(Pitch),y=-$(Pitch),background rectangle/.style={fill=$(Background)},show background rectangle,cross/.style={cross out, draw=black, rotate=45, minimum size=2*(#1-\pgflinewidth), inner sep=0pt,outer sep=0pt},cross/.default={0.8mm},bead/.style={circle, line width=0.2*$(Pitch), inner sep=0pt, minimum size=0.7*$(Pitch)},outline/.style={circle, draw=black, line width=0.3*$(Pitch), inner sep=0pt, minimum size=0.7*$(Pitch)}]
 
 )tex"
-                                    "% Palette. \n"
-                                    R"tex($(Palette)
+"% Palette. \n"
+R"tex($(Palette)
 
 )tex"
-                                    "% Draw beads in center of grid cells. \n"
-                                    R"tex(\begin{scope}[shift={(0.5, 0.5)}]
+"% Draw beads in center of grid cells. \n"
+R"tex(\begin{scope}[shift={(0.5, 0.5)}]
 $(Pattern)
 \end{scope}
 
@@ -46,16 +50,16 @@ $(Pattern)
 )tex";
 
 constexpr const char* kUsagePicture =
-    R"tex(\begin{center}
+R"tex(\begin{center}
 \begin{tikzpicture}[background rectangle/.style={fill=$(Background)},show background rectangle,bead/.style={circle, line width=0.2*$(Pitch), inner sep=0pt, minimum size=0.7*$(Pitch)},outline/.style={circle, draw=black, line width=0.3*$(Pitch), inner sep=0pt, minimum size=0.7*$(Pitch)}]
 
 )tex"
-    "% Palette. \n"
-    R"tex($(Palette)
+"% Palette. \n"
+R"tex($(Palette)
 
 )tex"
-    "% Usage. \n"
-    R"tex(\matrix (magic) [matrix of nodes,column sep=1 mm,row sep=1 mm]
+"% Usage. \n"
+R"tex(\matrix (magic) [matrix of nodes,column sep=1 mm,row sep=1 mm]
 {
 $(Usage)};
 \end{tikzpicture}
@@ -63,12 +67,14 @@ $(Usage)};
 \end{framed}
 )tex";
 
-constexpr const char* kTotalStart = R"tex(\pagebreak
+constexpr const char* kTotalStart =
+R"tex(\pagebreak
 \begin{framed}
 Total usage
 )tex";
 
 constexpr const char* kEnd = "\\end{document}\n";
+// clang-format on
 
 constexpr const char* kColorLine = "\\definecolor{color_$(Entry)}{rgb}{$(Red),$(Green),$(Blue)}\n";
 constexpr const char* kBeadLine = "\\node [outline] at ($(X), $(Y)) {}; "

@@ -2,6 +2,7 @@
 
 #include "core/Hyperrectangle.h"
 
+#include <algorithm>
 #include <bit>
 #include <iostream>
 

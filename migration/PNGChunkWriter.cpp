@@ -7,7 +7,8 @@ namespace VORN::Migration::PNG {
 ChunkWriter::ChunkWriter(WriteStream& out, const ChunkType& type, std::uint32_t length)
     : out_{&out} {
     out.write(toBigEndian(length));
-    write(type);
+    out.write(type);
+    checksum_.update(type);
 }
 
 void ChunkWriter::write(std::span<const std::uint8_t> data) {

@@ -73,14 +73,6 @@ TEST(PNGExporter, WritesWhatTheImporterReads) {
     }
 }
 
-TEST(PNGExporter, DropsThePartOfAByteAtTheEndOfALine) {
-    IncrementalBuffer file;
-    exportTo(file, {0xAA, 0xBB}, metadataOf(11, 2, 1, kIntensity, 1));
-    // The header, 25 bytes, then 8 of the chunk, 2 of zlib and 5 of the block before two lines.
-    const std::span<const std::uint8_t> lines = file.data().subspan(8 + 25 + 8 + 2 + 5, 4);
-    EXPECT_EQ((Bytes{lines.begin(), lines.end()}), (Bytes{0, 0xBB, 0, 0xAA}));
-}
-
 TEST(PNGExporter, SaysWhatItCannotWrite) {
     ImageMetadata lineAligned = metadataOf(4, 1, 4, kRgba);
     lineAligned.lineAlignment = 32;

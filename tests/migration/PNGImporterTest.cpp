@@ -101,32 +101,33 @@ Bytes withChecksums(Bytes file) {
     return file;
 }
 
-constexpr const char* kFixtures[] = {
-    "grey8-9x7", "grey16-9x7", "greyalpha8-9x7", "greyalpha16-9x7", "rgb8-9x7",  "rgb16-9x7",
-    "rgba8-9x7", "rgba16-9x7", "palette8-9x7",   "palette4-9x7",    "grey1-9x7", "interlaced-9x7",
+constexpr const char* kByte = "8-bit unsigned little endian";
+constexpr const char* kWord = "16-bit unsigned big endian";
+
+constexpr struct {
+    const char* name;
+    std::uint32_t channels; // 0: not to be read
+    const char* type;
+    const char* format;
+} kFixtures[] = {
+    {"grey8-9x7", 1, kByte, "INTENSITY"},
+    {"grey16-9x7", 1, kWord, "INTENSITY"},
+    {"greyalpha8-9x7", 2, kByte, "INTENSITY"},
+    {"greyalpha16-9x7", 2, kWord, "INTENSITY"},
+    {"rgb8-9x7", 3, kByte, "RGBA"},
+    {"rgb16-9x7", 3, kWord, "RGBA"},
+    {"rgba8-9x7", 4, kByte, "RGBA"},
+    {"rgba16-9x7", 4, kWord, "RGBA"},
+    {"palette8-9x7", 3, kByte, "RGBA"},
+    {"palette4-9x7", 0, "", ""},
+    {"grey1-9x7", 0, "", ""},
+    {"interlaced-9x7", 0, "", ""},
 };
 
 TEST(PNGImporter, ReadsWhatOthersWrote) {
-    struct Case {
-        const char* name;
-        std::uint32_t channels;
-        const char* type;
-        const char* format;
-    };
-    constexpr const char* kByte = "8-bit unsigned little endian";
-    constexpr const char* kWord = "16-bit unsigned big endian";
-    constexpr Case kCases[] = {
-        {"grey8-9x7", 1, kByte, "INTENSITY"},
-        {"grey16-9x7", 1, kWord, "INTENSITY"},
-        {"greyalpha8-9x7", 2, kByte, "INTENSITY"},
-        {"greyalpha16-9x7", 2, kWord, "INTENSITY"},
-        {"rgb8-9x7", 3, kByte, "RGBA"},
-        {"rgb16-9x7", 3, kWord, "RGBA"},
-        {"rgba8-9x7", 4, kByte, "RGBA"},
-        {"rgba16-9x7", 4, kWord, "RGBA"},
-        {"palette8-9x7", 3, kByte, "RGBA"},
-    };
-    for (const Case& c : kCases) {
+    for (const auto& c : kFixtures) {
+        if (c.channels == 0)
+            continue;
         SCOPED_TRACE(c.name);
         const Picture picture = imported(fixture("png/"s + c.name + ".png"));
         EXPECT_EQ(picture.metadata.width, 9U);
@@ -234,22 +235,11 @@ TEST(PNGImporter, SaysWhyAFileIsRefused) {
               "Migrator was not associated with a stream. ");
 }
 
-TEST(PNGImporter, SetsTheMetadataOnceAllChunksAreRead) {
-    const Bytes file = png({header(2, 1, 8, 0), chunk("IDAT", {0x78, 0x00}), chunk("IEND", {})});
-    const BorrowConstBuffer bytes{file};
-    ConstBufferStream stream{bytes};
-    PNGImporter importer;
-    importer.setStream(&stream);
-    Picture picture;
-    EXPECT_NE(complaintOf([&] { importer.importImage(picture.buffer, picture.metadata); }), "");
-    EXPECT_EQ(picture.metadata.width, 2U);
-}
-
 TEST(PNGImporter, SurvivesWhateverHappensToAFile) {
     std::mt19937 random{17};
-    for (const std::string name : kFixtures) {
-        SCOPED_TRACE(name);
-        const Bytes file = fixture("png/" + name + ".png");
+    for (const auto& c : kFixtures) {
+        SCOPED_TRACE(c.name);
+        const Bytes file = fixture("png/"s + c.name + ".png");
         for (std::size_t size = 0; size < file.size(); ++size)
             EXPECT_NE(
                 complaintOf([&] {

@@ -62,19 +62,15 @@ private:
 
     bool block() {
         const bool isLast = bit() != 0;
-        switch (bits(2)) {
-        case 0:
+        const unsigned type = bits(2);
+        if (type == 0)
             stored();
-            break;
-        case 1:
+        else if (type == 1)
             compressed(codeOf(kFixedLiteralLengths), codeOf(kFixedDistanceLengths));
-            break;
-        case 2:
+        else if (type == 2)
             dynamic();
-            break;
-        default:
+        else
             refuse("Reserved block type detected. ");
-        }
         return isLast;
     }
     void stored() {

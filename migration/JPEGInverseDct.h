@@ -29,13 +29,14 @@ class InverseDct {
 public:
     explicit InverseDct(const QuantizationTable& table);
 
-    /// Writes 8 lines of 8 samples, the first at `samples`, each `lineBytes` after the one before.
+    /// Writes 8 lines of 8 samples, the first at `samples`, each `lineBytes` after the one before,
+    /// and sets the coefficients to 0 for the next block to be read.
     ///
     /// A sample is within 1 of what the exact transform gives, rounded and clamped to 0..255, for
     /// all coefficients that a picture can have.
-    void transform(const CoefficientBlock& coefficients, std::uint8_t* samples,
+    void transform(CoefficientBlock& coefficients, std::uint8_t* samples,
                    std::size_t lineBytes) const;
-    /// The same for a block whose only coefficient that is not 0 is its first.
+    /// The samples of a block whose only coefficient that is not 0 is its first.
     void fill(std::int16_t coefficient, std::uint8_t* samples, std::size_t lineBytes) const;
 
 private:

@@ -26,8 +26,9 @@ unsigned readEndOfBandRun(unsigned run, ByteUnstuffer& bits) {
 
 /// Reads the coefficients of a block for the first time (clause G.1.2.2). Returns the length of the
 /// end-of-band run that begins here, or 0.
-unsigned readFirstBand(const Band& band, const HuffmanTable& table, ByteUnstuffer& stream,
-                       CoefficientBlock& block, std::uint64_t& mask) {
+[[gnu::noinline]] unsigned readFirstBand(const Band& band, const HuffmanTable& table,
+                                         ByteUnstuffer& stream, CoefficientBlock& block,
+                                         std::uint64_t& mask) {
     ByteUnstuffer bits = stream;
     unsigned endOfBandRun = 0;
     unsigned k = band.start;
@@ -85,9 +86,10 @@ public:
 private:
     void refine(unsigned k) {
         std::int16_t& coefficient = (*block_)[kZigzagPlaces[k]];
-        if (bits_->takeBit())
-            coefficient =
-                static_cast<std::int16_t>(coefficient + (coefficient < 0 ? -step_ : step_));
+        const int step = coefficient < 0 ? -step_ : step_;
+        // The bit is as good as random: no branch may hang on it.
+        const int mask = -static_cast<int>(bits_->takeBit());
+        coefficient = static_cast<std::int16_t>(coefficient + (step & mask));
         pending_ &= pending_ - 1;
         k_ = k + 1;
     }
@@ -101,8 +103,9 @@ private:
 };
 
 /// Refines a block and sets further coefficients. Returns as `readFirstBand` does.
-unsigned refineBand(const Band& band, const HuffmanTable& table, ByteUnstuffer& stream,
-                    CoefficientBlock& block, std::uint64_t& mask) {
+[[gnu::noinline]] unsigned refineBand(const Band& band, const HuffmanTable& table,
+                                      ByteUnstuffer& stream, CoefficientBlock& block,
+                                      std::uint64_t& mask) {
     ByteUnstuffer bits = stream;
     BandRefiner refiner{band, bits, block, mask};
     unsigned endOfBandRun = 0;
@@ -310,7 +313,7 @@ void ProgressiveDCTMode::transformUnitRow(std::size_t component, std::uint32_t u
         const CoefficientStore::Row row =
             store_.row(component, unitRow * geometry.verticalSampling + v);
         for (std::uint32_t column = 0; column < geometry.blocksAcross; ++column) {
-            const CoefficientBlock& block = row.blocks[column];
+            CoefficientBlock& block = row.blocks[column];
             std::uint8_t* samples = writer.block(component, column, v);
             if (row.masks[column] == 0)
                 transform(component).fill(block[0], samples, writer.lineBytes(component));

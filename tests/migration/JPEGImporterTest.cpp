@@ -202,7 +202,6 @@ TEST(JPEGImporter, NamesWhatIsWrong) {
         {"restart", 0xDD, 1, {5}, "jpeg : Define restart interval segment larger than expected. "},
         // Scan header: length, count, two bytes a component, spectral selection, approximation.
         {"rgb444", 0xDA, 1, {13}, "jpeg : Scan header larger than expected. "},
-        {"rgb444", 0xDA, 2, {5}, "jpeg : Scan with other than 1 to 4 components. "},
         {"rgb444",
          0xDA,
          0,

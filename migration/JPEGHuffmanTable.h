@@ -47,8 +47,8 @@ public:
             bits.refuse("More than 11 DC extend bits encountered. ");
         return static_cast<std::int16_t>(extend(bits.take(entry.symbol), entry.symbol));
     }
-    /// A run of zeros and the coefficient behind it; it is 0 only if its size is 0. 16 bits or more
-    /// stay ready.
+    /// A run of zeros and the coefficient behind it. It is 0 only if its size is 0; then 16 bits or
+    /// more stay ready.
     RunAndValue takeCoefficient(ByteUnstuffer& bits) const {
         const Entry entry = takeEntry(bits);
         const unsigned size = entry.symbol & 15U;

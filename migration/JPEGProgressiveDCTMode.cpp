@@ -24,6 +24,9 @@ unsigned readEndOfBandRun(unsigned run, ByteUnstuffer& bits) {
     return (1U << run) + bits.take(run);
 }
 
+// Decoding a block is kept apart from the loops over the blocks, which would take the registers
+// that it needs.
+
 /// Reads the coefficients of a block for the first time (clause G.1.2.2). Returns the length of the
 /// end-of-band run that begins here, or 0.
 [[gnu::noinline]] unsigned readFirstBand(const Band& band, const HuffmanTable& table,
@@ -188,10 +191,14 @@ void ProgressiveDCTMode::readScan(const ScanHeader& header, const Tables& tables
         advance(component, header);
     }
     const bool isFirst = header.approximationHigh == 0;
-    if (header.spectralStart == 0)
-        isFirst ? readFirstDc(header, tables, bits) : refineDc(header, bits);
+    if (header.spectralStart != 0 && isFirst)
+        readFirstAc(header, tables, bits);
+    else if (header.spectralStart != 0)
+        refineAc(header, tables, bits);
+    else if (isFirst)
+        readFirstDc(header, tables, bits);
     else
-        isFirst ? readFirstAc(header, tables, bits) : refineAc(header, tables, bits);
+        refineDc(header, bits);
 }
 
 void ProgressiveDCTMode::checkScan(const ScanHeader& header) const {

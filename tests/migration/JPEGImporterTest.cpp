@@ -120,7 +120,7 @@ TEST(JPEGImporter, SurvivesChangedBits) {
         for (unsigned round = 0; round < 150; ++round) {
             Bytes changed = file;
             for (unsigned flips = 1 + random() % 4; flips > 0; --flips) {
-                // Headers are no more than a third, so a choice of two lengths hits them as well.
+                // Every other change goes into the first third, where the headers are.
                 const std::size_t reach = random() % 2 == 0 ? changed.size() : changed.size() / 3;
                 changed[random() % reach] ^= static_cast<std::uint8_t>(1U << random() % 8);
             }

@@ -21,14 +21,14 @@ ByteUnstuffer ByteUnstuffer::filledByteByByte(ByteUnstuffer bits) {
     return bits;
 }
 
-void ByteUnstuffer::refuseMissingData() const {
-    if (end_ - next_ < 2)
+void ByteUnstuffer::refuseMissingData(ByteUnstuffer bits) {
+    if (bits.end_ - bits.next_ < 2)
         refuseEnd();
-    JPEG::refuse("Expected stuff byte (0x00), got 0x" + toHexadecimal(next_[1]));
+    JPEG::refuse("Expected stuff byte (0x00), got 0x" + toHexadecimal(bits.next_[1]));
 }
 
-void ByteUnstuffer::refuse(const char* detail) const {
-    requireData();
+void ByteUnstuffer::refuse(ByteUnstuffer bits, const char* detail) {
+    bits.requireData();
     JPEG::refuse(detail);
 }
 

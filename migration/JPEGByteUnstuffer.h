@@ -52,10 +52,10 @@ public:
     /// byte ends the data too.
     void requireData() const {
         if (padding_ > filled_)
-            refuseMissingData();
+            refuseMissingData(*this);
     }
     /// Refuses the file for `detail`, unless that is only because its data had ended before.
-    [[noreturn]] void refuse(const char* detail) const;
+    [[noreturn]] void refuse(const char* detail) const { refuse(*this, detail); }
 
     /// Drops the bits up to the next marker and takes it; one that is not the reset marker
     /// `expected`, 0 to 7, is a `FormatException` (ITU-T T.81, clause E.2.4).
@@ -68,8 +68,11 @@ private:
     static constexpr std::uint64_t kHighBits = 0x8080808080808080;
 
     void fill();
+    // These are not inlined and so get a copy: a reference would keep the original out of
+    // registers.
     static ByteUnstuffer filledByteByByte(ByteUnstuffer bits);
-    [[noreturn]] void refuseMissingData() const;
+    [[noreturn]] static void refuseMissingData(ByteUnstuffer bits);
+    [[noreturn]] static void refuse(ByteUnstuffer bits, const char* detail);
 
     const std::uint8_t* begin_;
     const std::uint8_t* next_; // the first byte not yet in the window, from `begin_` to `end_`

@@ -54,8 +54,6 @@ FrameHeader::FrameHeader(Segment segment) {
 
 ScanHeader::ScanHeader(Segment segment) {
     const std::uint8_t count = segment.byte();
-    if (count < 1 || count > 4)
-        refuse("Scan with other than 1 to 4 components. ");
     for (unsigned i = 0; i < count; ++i)
         components.push_back(readScanComponent(segment));
     spectralStart = segment.byte();

@@ -38,13 +38,13 @@ struct ScanHeader {
         std::uint8_t acTable = 0;  // 0 to 3
     };
 
-    JPEGVector<ScanComponent> components; // 1 to 4
+    JPEGVector<ScanComponent> components; // as many as the segment names, 0 to 255
     std::uint8_t spectralStart = 0;
     std::uint8_t spectralEnd = 0;
     std::uint8_t approximationHigh = 0; // 0 to 15; 0 in the first scan of a coefficient
     std::uint8_t approximationLow = 0;  // 0 to 15
 
-    /// Throws `FormatException` for counts and selectors that clause B.2.3 does not allow.
+    /// Throws `FormatException` for selectors that clause B.2.3 does not allow.
     explicit ScanHeader(Segment segment);
 };
 

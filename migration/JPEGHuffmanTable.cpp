@@ -65,16 +65,20 @@ void HuffmanTable::addNumber(std::uint32_t index) {
     entry.bits = bits & 15;
 }
 
-std::uint8_t HuffmanTable::takeLongCode(ByteUnstuffer& bits) const {
-    const std::uint32_t next = bits.peek(kLongestCode);
-    unsigned length = kLookUpBits + 1;
-    while (length <= kLongestCode && next >= limits_[length])
-        ++length;
-    bits.drop(std::min(length, kLongestCode));
-    if (length > kLongestCode)
-        bits.refuse("Bits that are no huffman code. ");
-    const std::uint32_t code = next >> (kLongestCode - length);
-    return symbols_[static_cast<std::size_t>(static_cast<std::int32_t>(code) + offsets_[length])];
+HuffmanTable::LongCode HuffmanTable::findLongCode(std::uint32_t next) const {
+    for (unsigned length = kLookUpBits + 1; length <= kLongestCode; ++length) {
+        if (next >= limits_[length])
+            continue;
+        const auto code = static_cast<std::int32_t>(next >> (kLongestCode - length));
+        return {.symbol = symbols_[static_cast<std::size_t>(code + offsets_[length])],
+                .length = static_cast<std::uint8_t>(length)};
+    }
+    return {.symbol = 0, .length = 0};
+}
+
+void HuffmanTable::refuseCode(ByteUnstuffer bits) {
+    bits.drop(kLongestCode);
+    bits.refuse("Bits that are no huffman code. ");
 }
 
 } // namespace VORN::Migration::JPEG

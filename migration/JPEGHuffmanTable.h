@@ -47,8 +47,8 @@ public:
             bits.refuse("More than 11 DC extend bits encountered. ");
         return static_cast<std::int16_t>(extend(bits.take(entry.symbol), entry.symbol));
     }
-    /// A run of zeros and the coefficient behind it; it is 0 only if its size is 0. 16 bits or more
-    /// stay ready.
+    /// A run of zeros and the coefficient behind it. It is 0 only if its size is 0; then 16 bits or
+    /// more stay ready.
     RunAndValue takeCoefficient(ByteUnstuffer& bits) const {
         const Entry entry = takeEntry(bits);
         const unsigned size = entry.symbol & 15U;
@@ -80,6 +80,12 @@ private:
         std::uint8_t codeBits : 4 = 0; // length of the code alone; 0: it is longer than the table
         std::uint8_t bits : 4 = 0;     // length of what `symbol` and `value` stand for
     };
+    static_assert(sizeof(Entry) == 4); // one load
+
+    struct LongCode {
+        std::uint8_t symbol;
+        std::uint8_t length; // 0: there is no such code
+    };
 
     Entry takeEntry(ByteUnstuffer& bits) const {
         bits.refill();
@@ -89,7 +95,17 @@ private:
         bits.drop(entry.bits);
         return entry;
     }
-    std::uint8_t takeLongCode(ByteUnstuffer& bits) const;
+    std::uint8_t takeLongCode(ByteUnstuffer& bits) const {
+        const LongCode code = findLongCode(bits.peek(kLongestCode));
+        if (code.length == 0)
+            refuseCode(bits);
+        bits.drop(code.length);
+        return code.symbol;
+    }
+
+    /// The code longer than the look-up that `next`, 16 bits, begins with.
+    LongCode findLongCode(std::uint32_t next) const;
+    [[noreturn]] static void refuseCode(ByteUnstuffer bits);
     void assignCodes();
     void fillLookUp();
     void addNumber(std::uint32_t index);

@@ -72,12 +72,14 @@ InverseDct::InverseDct(const QuantizationTable& table) {
     }
 }
 
-void InverseDct::transform(const CoefficientBlock& coefficients, std::uint8_t* samples,
+void InverseDct::transform(CoefficientBlock& coefficients, std::uint8_t* samples,
                            std::size_t lineBytes) const {
     alignas(16) Floats values;
     alignas(16) Floats scratch;
-    for (std::size_t i = 0; i < 64; ++i)
+    for (std::size_t i = 0; i < 64; ++i) {
         values[i] = static_cast<float>(coefficients[i]) * scales_[i];
+        coefficients[i] = 0;
+    }
     transformColumns(values, scratch);
     transpose(scratch, values);
     transformColumns(values, scratch);

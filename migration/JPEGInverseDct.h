@@ -2,6 +2,7 @@
 
 #include "migration/JPEGHeaders.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -11,14 +12,17 @@ namespace VORN::Migration::JPEG {
 
 /// The place of each coefficient of the zigzag sequence in a `CoefficientBlock` (ITU-T T.81, figure
 /// A.6): 8 * horizontal frequency + vertical frequency.
-// clang-format off
-constexpr std::array<std::uint8_t, 64> kZigzagPlaces{
-     0,  8,  1,  2,  9, 16, 24, 17, 10,  3,  4, 11, 18, 25, 32, 40,
-    33, 26, 19, 12,  5,  6, 13, 20, 27, 34, 41, 48, 56, 49, 42, 35,
-    28, 21, 14,  7, 15, 22, 29, 36, 43, 50, 57, 58, 51, 44, 37, 30,
-    23, 31, 38, 45, 52, 59, 60, 53, 46, 39, 47, 54, 61, 62, 55, 63,
-};
-// clang-format on
+constexpr std::array<std::uint8_t, 64> kZigzagPlaces = [] {
+    std::array<std::uint8_t, 64> places{};
+    std::size_t next = 0;
+    for (int diagonal = 0; diagonal < 15; ++diagonal)
+        for (int i = std::max(0, diagonal - 7); i <= std::min(diagonal, 7); ++i) {
+            const int horizontal = diagonal % 2 == 0 ? i : diagonal - i;
+            places[next++] = static_cast<std::uint8_t>(7 * horizontal + diagonal);
+        }
+    return places;
+}();
+static_assert(kZigzagPlaces[1] == 8 && kZigzagPlaces[28] == 56 && kZigzagPlaces[63] == 63);
 
 /// The quantised coefficients of one block, horizontal frequencies one after the other.
 using CoefficientBlock = std::array<std::int16_t, 64>;
@@ -29,13 +33,14 @@ class InverseDct {
 public:
     explicit InverseDct(const QuantizationTable& table);
 
-    /// Writes 8 lines of 8 samples, the first at `samples`, each `lineBytes` after the one before.
+    /// Writes 8 lines of 8 samples, the first at `samples`, each `lineBytes` after the one before,
+    /// and sets the coefficients to 0 for the next block to be read.
     ///
     /// A sample is within 1 of what the exact transform gives, rounded and clamped to 0..255, for
     /// all coefficients that a picture can have.
-    void transform(const CoefficientBlock& coefficients, std::uint8_t* samples,
+    void transform(CoefficientBlock& coefficients, std::uint8_t* samples,
                    std::size_t lineBytes) const;
-    /// The same for a block whose only coefficient that is not 0 is its first.
+    /// The samples of a block whose only coefficient that is not 0 is its first.
     void fill(std::int16_t coefficient, std::uint8_t* samples, std::size_t lineBytes) const;
 
 private:

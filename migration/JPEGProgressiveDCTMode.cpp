@@ -24,10 +24,14 @@ unsigned readEndOfBandRun(unsigned run, ByteUnstuffer& bits) {
     return (1U << run) + bits.take(run);
 }
 
+// Decoding a block is kept apart from the loops over the blocks, which would take the registers
+// that it needs.
+
 /// Reads the coefficients of a block for the first time (clause G.1.2.2). Returns the length of the
 /// end-of-band run that begins here, or 0.
-unsigned readFirstBand(const Band& band, const HuffmanTable& table, ByteUnstuffer& stream,
-                       CoefficientBlock& block, std::uint64_t& mask) {
+[[gnu::noinline]] unsigned readFirstBand(const Band& band, const HuffmanTable& table,
+                                         ByteUnstuffer& stream, CoefficientBlock& block,
+                                         std::uint64_t& mask) {
     ByteUnstuffer bits = stream;
     unsigned endOfBandRun = 0;
     unsigned k = band.start;
@@ -85,9 +89,10 @@ public:
 private:
     void refine(unsigned k) {
         std::int16_t& coefficient = (*block_)[kZigzagPlaces[k]];
-        if (bits_->takeBit())
-            coefficient =
-                static_cast<std::int16_t>(coefficient + (coefficient < 0 ? -step_ : step_));
+        const int step = coefficient < 0 ? -step_ : step_;
+        // The bit is as good as random: no branch may hang on it.
+        const int mask = -static_cast<int>(bits_->takeBit());
+        coefficient = static_cast<std::int16_t>(coefficient + (step & mask));
         pending_ &= pending_ - 1;
         k_ = k + 1;
     }
@@ -101,8 +106,9 @@ private:
 };
 
 /// Refines a block and sets further coefficients. Returns as `readFirstBand` does.
-unsigned refineBand(const Band& band, const HuffmanTable& table, ByteUnstuffer& stream,
-                    CoefficientBlock& block, std::uint64_t& mask) {
+[[gnu::noinline]] unsigned refineBand(const Band& band, const HuffmanTable& table,
+                                      ByteUnstuffer& stream, CoefficientBlock& block,
+                                      std::uint64_t& mask) {
     ByteUnstuffer bits = stream;
     BandRefiner refiner{band, bits, block, mask};
     unsigned endOfBandRun = 0;
@@ -185,10 +191,14 @@ void ProgressiveDCTMode::readScan(const ScanHeader& header, const Tables& tables
         advance(component, header);
     }
     const bool isFirst = header.approximationHigh == 0;
-    if (header.spectralStart == 0)
-        isFirst ? readFirstDc(header, tables, bits) : refineDc(header, bits);
+    if (header.spectralStart != 0 && isFirst)
+        readFirstAc(header, tables, bits);
+    else if (header.spectralStart != 0)
+        refineAc(header, tables, bits);
+    else if (isFirst)
+        readFirstDc(header, tables, bits);
     else
-        isFirst ? readFirstAc(header, tables, bits) : refineAc(header, tables, bits);
+        refineDc(header, bits);
 }
 
 void ProgressiveDCTMode::checkScan(const ScanHeader& header) const {
@@ -310,7 +320,7 @@ void ProgressiveDCTMode::transformUnitRow(std::size_t component, std::uint32_t u
         const CoefficientStore::Row row =
             store_.row(component, unitRow * geometry.verticalSampling + v);
         for (std::uint32_t column = 0; column < geometry.blocksAcross; ++column) {
-            const CoefficientBlock& block = row.blocks[column];
+            CoefficientBlock& block = row.blocks[column];
             std::uint8_t* samples = writer.block(component, column, v);
             if (row.masks[column] == 0)
                 transform(component).fill(block[0], samples, writer.lineBytes(component));

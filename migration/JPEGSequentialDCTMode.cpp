@@ -16,40 +16,45 @@ struct ComponentDecoder {
 };
 
 /// Adds the AC coefficients to a block of zeros (clause F.2.2.2); returns whether there are any.
-bool readAcCoefficients(const HuffmanTable& table, ByteUnstuffer& bits, CoefficientBlock& block) {
+///
+/// Kept apart from the loops around it, which would take the registers that this one needs.
+[[gnu::noinline]] bool readAcCoefficients(const HuffmanTable& table, ByteUnstuffer& stream,
+                                          CoefficientBlock& block) {
+    ByteUnstuffer bits = stream;
     bool isAny = false;
     unsigned k = 1;
     while (k < 64) {
         const auto [run, value] = table.takeCoefficient(bits);
-        k += run;
-        if (value != 0) {
-            if (k > 63)
+        if (value == 0) {
+            if (run == 0)
                 break;
-            block[kZigzagPlaces[k]] = static_cast<std::int16_t>(value);
-            isAny = true;
-        } else if (run == 0) {
-            return isAny; // end of block
-        } else if (run < 15) {
-            bits.refuse("Encountered larger than EOB0 in sequential mode. ");
+            if (run < 15)
+                bits.refuse("Encountered larger than EOB0 in sequential mode. ");
+            k += 16;
+            continue;
         }
+        k += run;
+        if (k > 63)
+            bits.refuse("Coefficient beyond the end of its block. ");
+        block[kZigzagPlaces[k]] = static_cast<std::int16_t>(value);
+        isAny = true;
         ++k;
     }
-    if (k != 64)
+    if (k > 64)
         bits.refuse("Coefficient beyond the end of its block. ");
+    stream = bits;
     return isAny;
 }
 
-/// Decodes a block to its place among the samples.
-void readBlock(ComponentDecoder& component, ByteUnstuffer& stream, std::uint8_t* samples,
-               std::size_t lineBytes) {
-    ByteUnstuffer bits = stream;
-    CoefficientBlock block{};
+/// Decodes a block to its place among the samples. `block` is scratch; only its first coefficient
+/// is ever left other than 0.
+void readBlock(ComponentDecoder& component, ByteUnstuffer& bits, CoefficientBlock& block,
+               std::uint8_t* samples, std::size_t lineBytes) {
     component.prediction =
         static_cast<std::int16_t>(component.prediction + component.dc->takeDifference(bits));
     block[0] = component.prediction;
     const bool isDetailed = readAcCoefficients(*component.ac, bits, block);
     bits.requireData();
-    stream = bits;
     if (isDetailed)
         component.transform->transform(block, samples, lineBytes);
     else
@@ -93,7 +98,7 @@ private:
             const ComponentLayout& component = layout_->components[i];
             for (std::uint32_t v = 0; v < component.verticalSampling; ++v)
                 for (std::uint32_t h = 0; h < component.horizontalSampling; ++h)
-                    readBlock(components_[i], bits,
+                    readBlock(components_[i], bits, block_,
                               writer.block(i, column * component.horizontalSampling + h, v),
                               writer.lineBytes(i));
         }
@@ -102,8 +107,9 @@ private:
     const FrameLayout* layout_;
     JPEGVector<ComponentDecoder> components_;
     unsigned interval_;
-    unsigned unitsToRestart_; // not counted without an interval
-    unsigned resetCount_ = 0; // the number that the next reset marker must have
+    unsigned unitsToRestart_;  // not counted without an interval
+    CoefficientBlock block_{}; // see `readBlock`
+    unsigned resetCount_ = 0;  // the number that the next reset marker must have
 };
 
 /// Whether the data can hold as many blocks; each needs a DC and an AC code.

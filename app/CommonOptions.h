@@ -6,6 +6,9 @@
 
 namespace VORN {
 
+/// How many pattern files a subcommand takes at most.
+constexpr std::size_t kMaximumPatternFiles = 1000;
+
 /// A pegboard as given on the command line: its type and its side length in beads.
 class PegboardOption {
 public:

@@ -2,6 +2,9 @@
 
 #include "app/BuiltinSubcommand.h"
 #include "app/CreateSubcommand.h"
+#include "app/InstructionSubcommand.h"
+#include "app/PackSubcommand.h"
+#include "app/PaletteSubcommand.h"
 #include "app/PictureSubcommand.h"
 #include "app/ShowSubcommand.h"
 #include "app/SubcommandApplication.h"
@@ -27,10 +30,10 @@ constexpr SubcommandApplication::Registration registration() {
 }
 
 constexpr std::array kSubcommands{
-    registration<BuiltinSubcommand>(),
-    registration<PictureSubcommand>(),
-    registration<CreateSubcommand>(),
-    registration<ShowSubcommand>(),
+    registration<BuiltinSubcommand>(),     registration<PaletteSubcommand>(),
+    registration<PictureSubcommand>(),     registration<CreateSubcommand>(),
+    registration<PackSubcommand>(),        registration<ShowSubcommand>(),
+    registration<InstructionSubcommand>(),
 };
 
 ApplicationInfo applicationInfo() {

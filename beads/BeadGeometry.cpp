@@ -47,12 +47,7 @@ BeadGeometry::BeadGeometry(PatternStyle style, const Tuple<2, unsigned>& size)
 Point<2, float> BeadGeometry::position(std::size_t i) const {
     if (style_ == PatternStyle::Circle)
         return circlePosition(i);
-    const std::size_t row = i / rowLength_;
-    const std::size_t column = i % rowLength_;
-    if (style_ == PatternStyle::Hex)
-        return {0.5 * static_cast<double>(column),
-                std::numbers::sqrt3 * 0.5 * static_cast<double>(row)};
-    return {column, row};
+    return gridPosition(i % rowLength_, i / rowLength_);
 }
 
 std::size_t BeadGeometry::nextBead(std::size_t i, std::size_t end) const {

@@ -3,6 +3,8 @@
 #include "beads/Pattern.h"
 #include "core/Hyperrectangle.h"
 
+#include <numbers>
+
 namespace VORN {
 
 /// Where the beads of a layer lie, in bead coordinates: one unit is one bead pitch, x points to the
@@ -15,6 +17,15 @@ public:
 
     /// The position of the bead at a content position. No bead lies in a layer of width 0.
     Point<2, float> position(std::size_t i) const;
+
+    /// The position of the bead in a column of content characters and a row of a square or hex
+    /// layer.
+    Point<2, float> gridPosition(std::size_t column, std::size_t row) const {
+        if (style_ == PatternStyle::Hex)
+            return {0.5 * static_cast<double>(column),
+                    std::numbers::sqrt3 * 0.5 * static_cast<double>(row)};
+        return {column, row};
+    }
 
     /// The first content position at or after `i` that is no blank offset character, at most `end`.
     std::size_t nextBead(std::size_t i, std::size_t end) const;

@@ -14,14 +14,22 @@ struct Window {
     std::size_t last;
 };
 
-/// The `width` indices around `centre` of those below `count`; fewer only where there are fewer.
-Window windowAround(double centre, std::size_t width, std::size_t count) {
-    const std::size_t latest = count > width ? count - width : 0;
-    const std::size_t before = width / 2;
-    const double wanted = std::round(centre) - static_cast<double>(before);
-    const double first = std::clamp(wanted, 0.0, static_cast<double>(latest));
+/// The three indices around `centre` of those below `count`; fewer only where there are fewer.
+Window windowAround(double centre, std::size_t count) {
+    constexpr std::size_t kWidth = 3;
+    const std::size_t latest = count > kWidth ? count - kWidth : 0;
+    const double first = std::clamp(std::floor(centre - 0.5), 0.0, static_cast<double>(latest));
     return {static_cast<std::size_t>(first),
-            std::min(static_cast<std::size_t>(first) + width, count)};
+            std::min(static_cast<std::size_t>(first) + kWidth, count)};
+}
+
+/// The rows or rings that content of that length takes, the last perhaps in part.
+std::size_t rowsOf(const BeadGeometry& geometry, std::size_t length) {
+    if (length == 0)
+        return 0;
+    if (geometry.style() == PatternStyle::Circle)
+        return ringOf(length - 1) + 1;
+    return geometry.rowLength() > 0 ? (length - 1) / geometry.rowLength() + 1 : 0;
 }
 
 /// `box` with a margin of one bead pitch on every side.
@@ -54,7 +62,8 @@ private:
 };
 
 NearestBead::NearestBead(PatternStyle style, const Pattern::Layer& layer)
-    : geometry_{style, layer.size}, length_{layer.content.size()}, near_{widened(geometry_.box())} {
+    : geometry_{style, layer.size}, length_{layer.content.size()},
+      rows_{rowsOf(geometry_, length_)}, near_{widened(geometry_.box())} {
     if (style != PatternStyle::Circle)
         return;
     ringed_.reserve(length_);
@@ -73,40 +82,33 @@ std::optional<std::size_t> NearestBead::find(const Point<2, float>& point) const
     return best.found();
 }
 
-// A grid holds its nearest bead in the row or the column next to the point. The windows are wider
-// and lie inside the grid, so that they reach past a last row that is not complete.
+// Rows two further on have their beads above those of the row next to the point, so that three rows
+// and three columns hold the nearest bead. Windows at the end of the grid begin earlier, which
+// takes in a complete row where the last one is not.
 void NearestBead::searchGrid(const Point<2, float>& point, Best& best) const {
-    constexpr std::size_t kRows = 5;
     const std::size_t rowLength = geometry_.rowLength();
     if (rowLength == 0 || length_ == 0)
         return;
     const bool isHex = geometry_.style() == PatternStyle::Hex;
     const double rowPitch = isHex ? std::numbers::sqrt3 * 0.5 : 1.0;
-    const std::size_t rows = (length_ - 1) / rowLength + 1;
-    const Window window = windowAround(point[1] / rowPitch, kRows, rows);
-    for (std::size_t row = window.first; row < window.last; ++row)
-        searchRow(row, point, best);
-}
-
-void NearestBead::searchRow(std::size_t row, const Point<2, float>& point, Best& best) const {
-    constexpr std::size_t kColumns = 7;
-    const bool isHex = geometry_.style() == PatternStyle::Hex;
-    const std::size_t start = row * geometry_.rowLength();
-    const std::size_t count = std::min(geometry_.rowLength(), length_ - start);
-    const Window window = windowAround(point[0] / (isHex ? 0.5 : 1.0), kColumns, count);
-    for (std::size_t column = window.first; column < window.last; ++column)
-        if (!isHex || (row + column) % 2 == 0)
-            best.consider(start + column, geometry_.position(start + column));
+    const Window rows = windowAround(point[1] / rowPitch, rows_);
+    for (std::size_t row = rows.first; row < rows.last; ++row) {
+        const std::size_t start = row * rowLength;
+        const std::size_t count = std::min(rowLength, length_ - start);
+        const Window columns = windowAround(point[0] / (isHex ? 0.5 : 1.0), count);
+        for (std::size_t column = columns.first; column < columns.last; ++column)
+            if (!isHex || (row + column) % 2 == 0)
+                best.consider(start + column, geometry_.gridPosition(column, row));
+    }
 }
 
 void NearestBead::searchRings(const Point<2, float>& point, Best& best) const {
-    constexpr std::size_t kRings = 5;
     if (length_ == 0)
         return;
     const double turn = std::atan2(point[1], point[0]) / (2 * std::numbers::pi);
-    const double ring = std::hypot(point[0], point[1]) / ringRadius(1);
-    const Window window = windowAround(ring, kRings, ringOf(length_ - 1) + 1);
-    for (std::size_t r = window.first; r < window.last; ++r)
+    const double ring = std::sqrt(squaredDistance(point, Point<2, float>{})) / ringRadius(1);
+    const Window rings = windowAround(ring, rows_);
+    for (std::size_t r = rings.first; r < rings.last; ++r)
         searchRing(r, turn, best);
 }
 
@@ -117,13 +119,12 @@ void NearestBead::searchRing(std::size_t ring, double turn, Best& best) const {
         best.consider(0, ringed_[0]);
         return;
     }
-    constexpr int kReach = 2;
     const auto beads = static_cast<double>(6 * ring);
     const std::size_t first = 3 * ring * (ring - 1) + 1;
     const std::size_t last = std::min(first + 6 * ring, length_) - 1;
     // The first bead of the ring stands at (ring - 1) / ring of a turn, that is 6 before its end.
     const double place = std::round(turn * beads) + 6.0;
-    for (int step = -kReach; step <= kReach; ++step) {
+    for (const double step : {-1.0, 0.0, 1.0}) {
         const double offset = place + step - beads * std::floor((place + step) / beads);
         const std::size_t i = first + static_cast<std::size_t>(offset);
         if (i <= last)

@@ -23,13 +23,13 @@ private:
     class Best;
 
     void searchGrid(const Point<2, float>& point, Best& best) const;
-    void searchRow(std::size_t row, const Point<2, float>& point, Best& best) const;
     void searchRings(const Point<2, float>& point, Best& best) const;
     void searchRing(std::size_t ring, double turn, Best& best) const;
     void walk(Best& best) const;
 
     BeadGeometry geometry_;
     std::size_t length_;                  // of the layer's content
+    std::size_t rows_;                    // or rings, the last perhaps in part
     Hyperrectangle<2, float> near_;       // where a search around the point finds the nearest bead
     std::vector<Point<2, float>> ringed_; // the positions of a circle layer, costly to compute
 };

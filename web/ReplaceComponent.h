@@ -11,7 +11,7 @@ namespace VORN::Web {
 ///
 /// "$(" name ")" stands for the value of that name, or for nothing where there is none. "$$" stands
 /// for "$". All else is literal, a "$(" without ")" too. Values are inserted as they are.
-class ReplaceComponent : public Component {
+class ReplaceComponent final : public Component {
 public:
     explicit ReplaceComponent(std::string_view text);
     void render(std::string& output, const Values& values) const override;

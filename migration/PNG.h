@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <string_view>
 
-/// What reading and writing PNG share (PNG specification, second edition).
+/// What reading and writing PNG share (ISO/IEC 15948).
 namespace VORN::Migration::PNG {
 
 inline constexpr std::array<std::uint8_t, 8> kSignature{

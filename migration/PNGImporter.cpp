@@ -140,10 +140,10 @@ void PNGImporter::decodeLines(DynamicBuffer& buffer, std::uint64_t lineBytes,
                               std::size_t pixelBytes, const char* misfit) {
     ConstBufferStream compressed{compressed_};
     ZlibHeader::read(compressed).check();
-    // No memory for a picture that the data cannot fill.
-    if (lineBytes * header_->height > kLargestExpansion * compressed_.size())
-        PNG::refuse(misfit);
-    buffer.resize(lineBytes * header_->height);
+    // No memory for a picture that the data cannot fill; it is inflated all the same, to find out
+    // what is wrong with it first.
+    const std::uint64_t bytes = lineBytes * header_->height;
+    buffer.resize(bytes <= kLargestExpansion * compressed_.size() ? bytes : 0);
     PNG::LineSink lines{buffer.writableData(), lineBytes, header_->height, pixelBytes, misfit};
     inflate(compressed, lines);
     if (ZlibChecksum::read(compressed).value != lines.checksum())

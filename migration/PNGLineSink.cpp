@@ -15,6 +15,8 @@ LineSink::LineSink(std::span<std::uint8_t> picture, std::uint64_t lineBytes, std
 
 void LineSink::write(std::span<const std::uint8_t> data) {
     checksum_.update(data);
+    if (linesLeft_ * lineBytes_ > picture_.size())
+        return;
     while (!data.empty()) {
         if (linesLeft_ == 0)
             refuse(misfit_);

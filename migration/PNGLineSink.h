@@ -16,7 +16,8 @@ namespace VORN::Migration::PNG {
 class LineSink : public WriteStream {
 public:
     /// `picture` holds `lines` lines of `lineBytes` bytes, which `pixelBytes` divides, and must
-    /// outlive the sink; `misfit` is what a wrong number of bytes is called.
+    /// outlive the sink; an empty one stands for a picture that cannot become complete. `misfit` is
+    /// what a wrong number of bytes is called.
     LineSink(std::span<std::uint8_t> picture, std::uint64_t lineBytes, std::uint32_t lines,
              std::size_t pixelBytes, const char* misfit);
 

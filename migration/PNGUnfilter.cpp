@@ -14,8 +14,8 @@ inline int whereNegative(int sign, int yes, int no) { return no ^ ((yes ^ no) & 
 /// Whichever of left, above and upper left comes closest to left + above - upper left
 /// (PNG, clause 9.4).
 ///
-/// That sum is the upper left mirrored at the middle of the other two. So an upper left on or
-/// beyond one of these, or nearer to it than a third of their range, predicts the other one.
+/// That sum is the upper left mirrored at the middle of the other two. So an upper left beyond one
+/// of these, or no further from it than a third of their range, predicts the other one.
 inline int paethPredictor(int left, int above, int upperLeft) {
     const int low = whereNegative(left - above, left, above);
     const int high = left + above - low;

@@ -222,6 +222,8 @@ TEST(PNGImporter, SaysWhyAFileIsRefused) {
         {png({header(0xFFFFFFFF, 0xFFFFFFFF, 8, 0), data, last}),
          "png : image data size missmatch"},
         {png({header(0xFFFFFFFF, 0xFFFFFFFF, 16, 6), data, last}), "Failed to allocate picture. "},
+        {png({header(99999, 99999, 8, 0), chunk("IDAT", zlibStream({0, 1, 2}, 1)), last}),
+         "png : zlib checksum missmatch"},
         {png({header(0xFFFFFFFF, 0x10000, 8, 3), palette(3), data, last}),
          "png : palette image data size missmatch"},
     };

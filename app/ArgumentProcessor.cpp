@@ -1,5 +1,6 @@
 #include "app/ArgumentProcessor.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace VORN {
@@ -160,7 +161,7 @@ std::string ArgumentProcessor::namesOf(std::size_t index) const {
 /// The first name of a named parameter and its values' names; "" for a positional one.
 std::string ArgumentProcessor::optionUsage(std::size_t index) const {
     std::string usage = namesOf(index);
-    usage = usage.substr(0, usage.find(','));
+    usage.resize(std::min(usage.find(','), usage.size()));
     if (usage.empty())
         return "";
     for (const auto& value : parameters_[index]->values_)

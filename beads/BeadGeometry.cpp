@@ -71,7 +71,7 @@ Hyperrectangle<2, float> BeadGeometry::box() const {
     if (style_ == PatternStyle::Hex)
         return {{}, {columns + 0.5 - 1, (rows - 1) * std::numbers::sqrt3 / 2}};
     const float circumference =
-        size_[0] == 1 ? 1.0F : static_cast<float>(kFirstRing * (std::size_t{size_[0]} - 1));
+        size_[0] == 1 ? 1.0F : static_cast<float>(kFirstRing * (std::size_t{size_[0]} - 1U));
     const float radius = circumference / kFullTurn;
     return {{-radius, -radius}, {2 * radius, 2 * radius}};
 }

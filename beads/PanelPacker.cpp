@@ -47,9 +47,9 @@ Piece cut(const Piece& layer, const Box& box) {
 /// A piece lies at the origin of its panel, whose size must reach at least as far.
 void checkFits(const Piece& piece, const Piece& panel) {
     for (std::size_t i = 0; i < 2; ++i) {
-        const auto room = static_cast<int>(panel.size()[i] - piece.size()[i]);
-        if (room < 0)
-            throw BoundException<int>{kNoOrigin, 0, room};
+        const unsigned room = panel.size()[i] - piece.size()[i];
+        if (piece.size()[i] > panel.size()[i])
+            throw BoundException<int>{kNoOrigin, 0, static_cast<int>(room)};
     }
 }
 
@@ -87,7 +87,8 @@ bool PanelPacker::isFull(const Piece& piece) const {
 
 /// Lets no panel take any further piece.
 void PanelPacker::giveUpSharing() {
-    for (auto& occupancy : occupancies_) {
+    for (; givenUp_ < occupancies_.size(); ++givenUp_) {
+        auto& occupancy = occupancies_[givenUp_];
         if (!occupancy)
             continue;
         occupancy.reset();

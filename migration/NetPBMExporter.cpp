@@ -104,8 +104,8 @@ void forEachLine(const Buffer& buffer, const SampleLayout& layout, Write write) 
 }
 
 void writeRaster(WriteStream& out, const Buffer& buffer, const SampleLayout& layout, bool bitmap) {
-    if (layout.width == 0)
-        return;
+    if (layout.width == 0 || layout.height == 0)
+        return; // no memory for a row, however long, where there is none
     if (layout.isPacked() && !bitmap)
         return forEachLine(buffer, layout, [&](std::span<const std::uint8_t> line) {
             out.write(line.first(layout.rowBytes()));

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -42,7 +43,9 @@ inline ProgramRun runProgram(const std::vector<std::string>& arguments) {
 /// The path of a file for the running test, which may not exist yet.
 inline std::string temporaryFile(const std::string& name) {
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-    return testing::TempDir() + test.test_suite_name() + '-' + test.name() + '-' + name;
+    std::string testName = std::string{test.test_suite_name()} + '-' + test.name();
+    std::ranges::replace(testName, '/', '-'); // in the names of tests with parameters
+    return testing::TempDir() + testName + '-' + name;
 }
 
 /// Writes a file for the running test and returns its path.

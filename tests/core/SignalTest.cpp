@@ -91,5 +91,30 @@ TEST(Serialization, WritesLittleEndianWithLengths) {
     EXPECT_TRUE(std::ranges::equal(bytes.data(), kWritten));
 }
 
+/// Reads each value back from where it was written; returns the bytes they take.
+template <class... Values>
+std::size_t carry(Values... values) {
+    IncrementalBuffer bytes;
+    BufferStream stream{bytes};
+    Serializer out{stream};
+    (out.put(values), ...);
+    ConstBufferStream source{bytes};
+    Deserializer in{source};
+    EXPECT_TRUE(((in.get<Values>() == values) && ...));
+    EXPECT_TRUE(source.atEnd());
+    return bytes.size();
+}
+
+TEST(Serialization, CarriesEveryKindOfNumber) {
+    EXPECT_EQ(carry(true, 'c', static_cast<signed char>(-3), static_cast<unsigned char>(200)), 4U);
+    EXPECT_EQ(carry(short{-30000}, static_cast<unsigned short>(60000)), 4U);
+    EXPECT_EQ(carry(-2000000000, 4000000000U), 8U);
+    EXPECT_EQ(carry(-5L, 7UL, -5LL, 0xFFFFFFFFFFFFFFFFULL), 2 * sizeof(long) + 16);
+    EXPECT_EQ(carry(0.1F, -1e300, 1e-300L), 12 + sizeof(long double));
+    unsigned turned = 0x01020304;
+    SwapEndianess{}.process(turned);
+    EXPECT_EQ(turned, 0x04030201U);
+}
+
 } // namespace
 } // namespace VORN

@@ -56,6 +56,40 @@ TEST(Streams, ReadAlike) {
     checkReading(file, "Failed to read from input stream. ");
 }
 
+// Every place for bytes behaves alike.
+void checkWriting(RandomWriteStream& out) {
+    out.write(bytesOf("0123456789"));
+    out.seek(3);
+    out.write(bytesOf("ab"));
+    EXPECT_EQ(out.tell(), 5U);
+    EXPECT_EQ(out.size(), 10U);
+    EXPECT_EQ(out.tell(), 5U);
+    out.seek(10);
+    out.write(bytesOf("c"));
+    out.flush();
+    EXPECT_EQ(out.size(), 11U);
+}
+
+TEST(Streams, WriteAlike) {
+    IncrementalBuffer buffer;
+    BufferStream memory{buffer};
+    checkWriting(memory);
+    memory.seek(2);
+    EXPECT_EQ(take(memory, 9), "2ab56789c");
+    EXPECT_TRUE(memory.atEnd());
+    EXPECT_EQ(complaintOf([&] { take(memory, 1); }), "Attempted to read over end of buffer. ");
+    std::ostringstream text;
+    CppOutStream file{text};
+    checkWriting(file);
+    EXPECT_EQ(text.str(), "012ab56789c");
+    text.setstate(std::ios::badbit);
+    EXPECT_EQ(complaintOf([&] { file.tell(); }),
+              "Failed to tell current position in output stream. ");
+    EXPECT_EQ(complaintOf([&] { file.seek(1); }),
+              "Failed to seek to position 1 in output stream. ");
+    EXPECT_EQ(complaintOf([&] { file.write(bytesOf("x")); }), "Failed to write to output stream. ");
+}
+
 TEST(Streams, TellWhatFailed) {
     std::ifstream missing{"/nonexistent"};
     EXPECT_EQ(complaintOf([&] { CppInStream{missing}; }), "Wrapping bad input stream. ");

@@ -1,0 +1,48 @@
+#include "core/Serialization.h"
+#include "fuzz/FuzzedImport.h"
+#include "migration/CodecSelection.h"
+#include "migration/ImageSignal.h"
+#include "migration/NativeImporter.h"
+
+using namespace VORN;
+using namespace VORN::Fuzz;
+using namespace VORN::Migration;
+
+namespace {
+
+Bytes fileOf(const Import& import) {
+    return written([&](WriteStream& stream) {
+        Serializer out{stream};
+        import.metadata.serialize(out);
+        out.put(static_cast<std::uint32_t>(import.picture.size()));
+        stream.write(import.picture);
+    });
+}
+
+/// Reads by content, which for other formats takes their importers, and leaves bytes of colour.
+void readAsPicture(std::span<const std::uint8_t> file) {
+    const BorrowConstBuffer buffer{file};
+    ConstBufferStream stream{buffer};
+    complaintOf([&] {
+        const auto importer = importerByContent(stream);
+        require(stream.tell() == 0, "recognition leaves the stream at its start");
+        if (!importer)
+            return;
+        importer->setStream(&stream);
+        ImageSignal<unsigned char> picture;
+        picture.importImage(*importer);
+        require(picture.size()[0] == 3 || picture.count() == 0, "pictures have three channels");
+    });
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    readAsPicture({data, size});
+    const Import import = importPicture<NativeImporter>({data, size});
+    if (!import.complaint.empty())
+        return 0;
+    requireWholePicture(import);
+    requireSame<NativeImporter>(import, fileOf(import));
+    return 0;
+}

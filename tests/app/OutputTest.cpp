@@ -1,0 +1,135 @@
+#include "tests/app/ChildProgram.h"
+
+#include <filesystem>
+
+namespace VORN {
+namespace {
+
+using namespace std::string_literals;
+namespace fs = std::filesystem;
+
+const std::string kPalette = "a 1 0 0\nb 0 1 0\n";
+const std::string kPattern = "square\n\nab.\n...\n\n";
+const std::string kPicture = "P6\n2 1\n255\nABCDEF";
+const std::string kFlush = "VORN class VORN::StreamException: Failed to flush output stream. \n";
+
+/// Root may write any file; nobody may not.
+void becomeNobody() {
+    constexpr uid_t kNobody = 65534;
+    if (geteuid() == 0 && setuid(kNobody) != 0)
+        _exit(126);
+}
+
+TEST(Output, EndsWithOneLineWhereItCannotBeWritten) {
+    const std::string palette = makeFile("palette.txt", kPalette);
+    const std::string pattern = makeFile("pattern.txt", kPattern);
+    const std::string panel = makeFile("panel.txt", "a.b\n");
+    const std::string picture = makeFile("picture.ppm", kPicture);
+    const std::string folder = temporaryFile("folder.png");
+    fs::create_directory(folder);
+    const std::string full = temporaryFile("full.png");
+    fs::remove(full);
+    fs::create_symlink("/dev/full", full);
+    const auto failed = [](const std::string& name) { return "Failed to open " + name + "\n"; };
+    const std::string write =
+        "VORN class VORN::StreamException: Failed to write to output stream. \n";
+    const auto closed = [] { close(1); };
+    const auto diskFull = [] { dup2(open("/dev/full", O_WRONLY), 1); };
+    const auto broken = [] {
+        int ends[2];
+        if (pipe(ends) != 0)
+            _exit(126);
+        close(ends[0]);
+        dup2(ends[1], 1);
+    };
+    struct Case {
+        std::vector<std::string> arguments;
+        std::function<void()> prepare;
+        std::string complaint;
+    };
+    const Case kCases[] = {
+        {{"palette", picture, "/dev/full"}, {}, kFlush},
+        {{"picture", picture, palette, "/dev/full"}, {}, kFlush},
+        {{"create", "square", "900", "-o", "/dev/full"}, {}, write},
+        {{"show", palette, pattern, full}, {}, kFlush},
+        {{"palette", picture, folder}, {}, failed(folder)},
+        {{"show", palette, pattern, folder}, {}, failed(folder)},
+        {{"create", "hex", "2", "-o", folder}, {}, failed(folder)},
+        {{"builtin"}, closed, kFlush},
+        {{"help"}, closed, kFlush},
+        {{"create", "--help"}, diskFull, kFlush},
+        {{"create", "square", "3"}, closed, kFlush},
+        {{"create", "square", "900"}, broken, write},
+        {{"instruction", palette, pattern}, diskFull, kFlush},
+        {{"instruction", palette, pattern}, broken, kFlush},
+        {{"pack", "square", "3", palette, panel}, broken, kFlush},
+    };
+    for (const Case& c : kCases) {
+        SCOPED_TRACE(testing::PrintToString(c.arguments));
+        const ChildRun run = runChild(c.arguments, c.prepare);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.err, c.complaint);
+    }
+    EXPECT_TRUE(fs::is_directory(folder) && fs::is_symlink(full)) << "only files are removed";
+}
+
+TEST(Output, LeavesFilesThatCannotBeWrittenAlone) {
+    const std::string picture = makeFile("picture.ppm", kPicture);
+    fs::permissions(picture, fs::perms{0444});
+    const std::string kept = makeFile("kept.txt", "kept");
+    fs::permissions(kept, fs::perms{0444});
+    const ChildRun run = runChild({"palette", picture, kept}, becomeNobody);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "Failed to open " + kept + "\n");
+    EXPECT_EQ(contentOf(kept), "kept");
+    fs::permissions(kept, fs::perms{0644});
+}
+
+TEST(Output, LeavesFilesAloneWhereTheRunFailsBeforeItWrites) {
+    const std::string palette = makeFile("palette.txt", kPalette);
+    const std::string pattern = makeFile("pattern.txt", kPattern);
+    const std::string picture = makeFile("picture.ppm", kPicture);
+    const std::string bad = makeFile("bad.ppm", "P6\n2 2\n255\nABC");
+    const std::string kept = makeFile("kept.png", "kept");
+    const std::vector<std::string> kCases[] = {
+        {"palette", bad, kept},
+        {"palette", "nowhere", kept},
+        {"picture", bad, palette, kept},
+        {"picture", picture, bad, kept},
+        {"picture", "--crop", "1", "0", "2", "1", picture, palette, kept},
+        {"picture", "--crop-transparent", picture, palette, kept},
+        {"picture", "--pegboard", "square", "4294967295", picture, palette, kept},
+        {"create", "square", "4294967295", "-o", kept},
+        {"create", "square", "2", "--reshape", "nowhere", "-o", kept},
+        {"create", "square", "2", "--fill", "", "-o", kept},
+        {"pack", "-o", kept, "square", "1", palette, pattern},
+        {"show", "-s", "1e30", palette, pattern, kept},
+        {"show", "-s", "0", palette, pattern, kept},
+        {"show", palette, bad, "kept.jpg"},
+    };
+    for (const auto& arguments : kCases) {
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        const ChildRun run = runChild(arguments);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_FALSE(run.err.empty());
+        EXPECT_EQ(contentOf(kept), "kept");
+    }
+}
+
+TEST(Output, MayReplaceAnInput) {
+    const std::string palette = makeFile("palette.txt", kPalette);
+    const std::string pattern = makeFile("pattern.txt", kPattern);
+    const std::string asPalette = makeFile("a.ppm", kPicture);
+    const std::string asPattern = makeFile("b.ppm", "P6\n2 1\n255\n\xFF\0\0\0\xFF\0"s);
+    EXPECT_EQ(runChild({"palette", asPalette, asPalette}).status, 0);
+    EXPECT_EQ(contentOf(asPalette), "0 0.254902 0.258824 0.262745\n1 0.266667 0.270588 0.27451\n");
+    EXPECT_EQ(runChild({"picture", asPattern, palette, asPattern}).status, 0);
+    EXPECT_EQ(contentOf(asPattern), "square\n\nab\n\n");
+    EXPECT_EQ(runChild({"create", "square", "3", "--reshape", pattern, "-o", pattern}).status, 0);
+    EXPECT_EQ(contentOf(pattern).size(), std::string{"square\n\n...\n...\n...\n\n"}.size());
+    EXPECT_EQ(runChild({"pack", "-o", asPattern, "square", "2", palette, asPattern}).status, 1);
+    EXPECT_EQ(contentOf(asPattern), "square\n\nab\n\n");
+}
+
+} // namespace
+} // namespace VORN

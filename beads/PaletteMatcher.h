@@ -29,8 +29,16 @@ public:
     PaletteMatcher(const Palette& palette, const Weights& weights);
 
     /// The symbol of the nearest colour, the lowest of several; 0 when the palette is empty.
+    ///
+    /// The first colours asked for are compared with all, since a picture that has only a few does
+    /// not make up for the memory of the cells.
     unsigned char nearest(const Color& color) const {
-        return symbols_[nearestEntry({color[0], color[1], color[2]})];
+        const Components rgb{color[0], color[1], color[2]};
+        if (asked_ < kFew) {
+            ++asked_;
+            return symbols_[findAmongAll(isHsv_ ? toHsv(rgb) : rgb)];
+        }
+        return symbols_[nearestEntry(rgb)];
     }
 
     /// A palette colour with its symbol.
@@ -73,6 +81,7 @@ private:
         std::uint32_t count;                     // 0: not yet known
         std::array<std::uint8_t, kMost> entries; // the last one fills what is left
     };
+    static constexpr unsigned kFew = 256;       // the first colours, for which no cell is filled
     using Place = std::array<std::uint32_t, 3>; // of a cell: below the middle, from kCellsPerSide
 
     static Components toHsv(const Components& rgb);
@@ -132,7 +141,8 @@ private:
     std::vector<Components> compared_; // RGB or HSV
     // As `compared_`, by component; padded with infinity to a multiple of kLanes.
     std::array<std::vector<float>, 3> lanes_;
-    // Filled while matching: it does not change what is found.
+    // These two change while matching, but not what is found.
+    mutable unsigned asked_ = 0; // up to kFew
     LazyTable<Cell, std::size_t{kCellsAcross} * kCellsAcross * kCellsAcross> cells_;
 };
 

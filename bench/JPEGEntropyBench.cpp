@@ -9,9 +9,8 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr unsigned kSymbols = 160; // sizes 1 to 10 behind runs of 0 to 15
-
-/// A segment with one AC table. Sizes grow and runs lengthen with the codes, as in photographs.
+/// A segment with one AC table: sizes 1 to 10 behind runs of 0 to 15. Sizes grow and runs lengthen
+/// with the codes, as in photographs.
 Bytes tableSegment() {
     Bytes segment{0x10, 0, 2, 1, 2, 3, 3, 4, 4, 5, 5, 6, 8, 10, 20, 40, 47};
     for (unsigned sum = 0; sum < 25; ++sum)

@@ -41,4 +41,8 @@ std::uint64_t DeflateStored::streamBytes(std::uint64_t bytes) {
     return bytes + (bytes + kBlockBytes - 1) / kBlockBytes * kBlockHeaderBytes;
 }
 
+void deflateStored(const Buffer& input, WriteStream& out) {
+    DeflateStored{out, input.size()}.write(input.data());
+}
+
 } // namespace VORN::Migration

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Buffer.h"
 #include "core/Stream.h"
 
 namespace VORN::Migration {
@@ -27,5 +28,8 @@ private:
     std::uint64_t left_;          // of all bytes
     std::uint64_t blockLeft_ = 0; // of the block that was begun
 };
+
+/// Writes all of `input` as a DEFLATE stream of stored blocks; an empty one writes nothing at all.
+void deflateStored(const Buffer& input, WriteStream& out);
 
 } // namespace VORN::Migration

@@ -10,23 +10,31 @@ constexpr std::uint32_t divideUp(std::uint32_t dividend, std::uint32_t divisor) 
     return (dividend + divisor - 1) / divisor;
 }
 
-ComponentLayout layOut(const FrameHeader::ImageComponent& component, bool isAlone) {
-    return {.identifier = component.identifier,
-            .quantizationTable = component.quantizationTable,
-            .horizontalSampling = isAlone ? 1U : component.horizontalSampling,
-            .verticalSampling = isAlone ? 1U : component.verticalSampling};
+JPEGVector<ComponentLayout> layOut(const JPEGVector<FrameHeader::ImageComponent>& components) {
+    const bool isAlone = components.size() == 1;
+    JPEGVector<ComponentLayout> layouts;
+    for (const FrameHeader::ImageComponent& component : components)
+        layouts.push_back({.identifier = component.identifier,
+                           .quantizationTable = component.quantizationTable,
+                           .horizontalSampling = isAlone ? 1U : component.horizontalSampling,
+                           .verticalSampling = isAlone ? 1U : component.verticalSampling});
+    return layouts;
+}
+
+std::uint32_t largest(const JPEGVector<ComponentLayout>& components,
+                      std::uint32_t ComponentLayout::*sampling) {
+    return (*std::ranges::max_element(components, {}, sampling)).*sampling;
 }
 
 } // namespace
 
-FrameLayout::FrameLayout(const FrameHeader& header) : width{header.width}, height{header.height} {
-    for (const FrameHeader::ImageComponent& component : header.components) {
-        components.push_back(layOut(component, header.components.size() == 1));
-        horizontalSampling = std::max(horizontalSampling, components.back().horizontalSampling);
-        verticalSampling = std::max(verticalSampling, components.back().verticalSampling);
-    }
-    unitsAcross = divideUp(width, horizontalSampling * kBlockSide);
-    unitsDown = divideUp(height, verticalSampling * kBlockSide);
+FrameLayout::FrameLayout(const FrameHeader& header)
+    : width{header.width}, height{header.height}, components{layOut(header.components)},
+      horizontalSampling{largest(components, &ComponentLayout::horizontalSampling)},
+      verticalSampling{largest(components, &ComponentLayout::verticalSampling)},
+      unitsAcross{divideUp(width, horizontalSampling * kBlockSide)}, unitsDown{divideUp(
+                                                                         height, verticalSampling *
+                                                                                     kBlockSide)} {
     for (ComponentLayout& component : components) {
         component.width = divideUp(width * component.horizontalSampling, horizontalSampling);
         component.height = divideUp(height * component.verticalSampling, verticalSampling);

@@ -25,13 +25,13 @@ struct ComponentLayout {
 ///
 /// A frame of one component has one block in each, whatever its factors say (clause A.2.2).
 struct FrameLayout {
-    std::uint32_t width = 0;              // pixels
-    std::uint32_t height = 0;             // lines
+    std::uint32_t width = 0;  // pixels
+    std::uint32_t height = 0; // lines
+    JPEGVector<ComponentLayout> components;
     std::uint32_t horizontalSampling = 1; // the largest of all components
     std::uint32_t verticalSampling = 1;
     std::uint32_t unitsAcross = 0;
     std::uint32_t unitsDown = 0;
-    JPEGVector<ComponentLayout> components;
 
     explicit FrameLayout(const FrameHeader& header);
 

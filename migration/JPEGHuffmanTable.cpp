@@ -70,7 +70,8 @@ HuffmanTable::LongCode HuffmanTable::findLongCode(std::uint32_t next) const {
         if (next >= limits_[length])
             continue;
         const auto code = static_cast<std::int32_t>(next >> (kLongestCode - length));
-        return {.symbol = symbols_[static_cast<std::size_t>(code + offsets_[length])],
+        const std::int32_t index = code + offsets_[length];
+        return {.symbol = symbols_[static_cast<std::size_t>(index)],
                 .length = static_cast<std::uint8_t>(length)};
     }
     return {.symbol = 0, .length = 0};

@@ -1,8 +1,7 @@
 #include "migration/JPEGImporter.h"
 
-#include "core/BufferStream.h"
 #include "core/Exception.h"
-#include "core/StreamPump.h"
+#include "core/ReadAll.h"
 #include "migration/ImageMetadata.h"
 #include "migration/JPEGBlockReader.h"
 
@@ -13,8 +12,6 @@ namespace VORN::Migration {
 namespace {
 
 using namespace JPEG;
-
-constexpr std::size_t kReadChunkBytes = 65536;
 
 /// Marker codes, the byte after 0xFF (ITU-T T.81, table B.1).
 enum class Marker : std::uint8_t {
@@ -167,16 +164,6 @@ void SegmentLoop::readRestartInterval(Segment segment) {
         refuse("Define restart interval segment larger than expected. ");
 }
 
-IncrementalBuffer readToEnd(ReadStream& stream) {
-    IncrementalBuffer bytes;
-    BufferStream sink{bytes};
-    StreamPump pump{kReadChunkBytes};
-    pump.setSource(&stream);
-    pump.setSink(&sink);
-    pump.pumpToEnd();
-    return bytes;
-}
-
 ImageMetadata describe(const FrameLayout& layout) {
     ImageMetadata metadata;
     metadata.width = layout.width;
@@ -190,7 +177,8 @@ ImageMetadata describe(const FrameLayout& layout) {
 } // namespace
 
 void JPEGImporter::importImage(DynamicBuffer& buffer, Metadata& metadata) {
-    const IncrementalBuffer file = readToEnd(stream());
+    IncrementalBuffer file;
+    readAll(stream(), file);
     SegmentLoop segments{file.data(), buffer};
     metadata.assign(describe(segments.read()));
 }

@@ -10,7 +10,7 @@ namespace VORN::Migration::PNG {
 
 LineSink::LineSink(std::span<std::uint8_t> picture, std::uint64_t lineBytes, std::uint32_t lines,
                    std::size_t pixelBytes, const char* misfit)
-    : picture_{picture}, lineBytes_{static_cast<std::size_t>(lineBytes)}, linesLeft_{lines},
+    : picture_{picture}, lineBytes_{lineBytes}, linesLeft_{lines},
       pixelBytes_{pixelBytes}, misfit_{misfit} {}
 
 void LineSink::write(std::span<const std::uint8_t> data) {
@@ -25,8 +25,10 @@ void LineSink::write(std::span<const std::uint8_t> data) {
             data = data.subspan(1);
             filled_ = 1;
         }
-        const std::size_t piece = std::min(data.size(), lineBytes_ - (filled_ - 1));
-        std::ranges::copy(data.first(piece), currentLine().subspan(filled_ - 1).begin());
+        const auto at = static_cast<std::size_t>(filled_ - 1);
+        const std::span<std::uint8_t> missing = currentLine().subspan(at);
+        const std::size_t piece = std::min(data.size(), missing.size());
+        std::ranges::copy(data.first(piece), missing.begin());
         data = data.subspan(piece);
         filled_ += piece;
         if (filled_ - 1 == lineBytes_)
@@ -42,12 +44,13 @@ void LineSink::checkComplete() const {
 }
 
 std::span<std::uint8_t> LineSink::currentLine() const {
-    return picture_.subspan((linesLeft_ - 1) * lineBytes_, lineBytes_);
+    const auto lineBytes = static_cast<std::size_t>(lineBytes_); // the picture has been allocated
+    return picture_.subspan(static_cast<std::size_t>(linesLeft_ - 1) * lineBytes, lineBytes);
 }
 
 void LineSink::finishLine() {
     if (prior_.empty()) {
-        zeros_.resize(lineBytes_);
+        zeros_.resize(currentLine().size());
         prior_ = zeros_;
     }
     if (filter_ >= kFilterTypes && !badFilter_)

@@ -33,14 +33,14 @@ private:
     void finishLine();
 
     std::span<std::uint8_t> picture_;
-    std::size_t lineBytes_;
-    std::size_t linesLeft_;
+    std::uint64_t lineBytes_; // as the header claims, like the number of lines
+    std::uint64_t linesLeft_;
     std::size_t pixelBytes_;
     const char* misfit_;
 
     Adler32 checksum_;
     std::uint8_t filter_ = 0;               // of the line that is being filled
-    std::size_t filled_ = 0;                // its bytes so far, the filter byte included
+    std::uint64_t filled_ = 0;              // its bytes so far, the filter byte included
     std::vector<std::uint8_t> zeros_;       // above the first line
     std::span<const std::uint8_t> prior_;   // the line above; empty: there is none
     std::optional<std::uint8_t> badFilter_; // the first one; lines from there on stay filtered

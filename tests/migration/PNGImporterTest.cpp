@@ -72,7 +72,7 @@ Bytes zlibStream(const Bytes& raw, std::uint32_t flaw = 0) {
     IncrementalBuffer stream;
     BufferStream out{stream};
     ZlibHeader{}.write(out);
-    DeflateStored{out, raw.size()}.write(raw);
+    deflateStored(BorrowConstBuffer{raw}, out);
     Adler32 checksum;
     checksum.update(raw);
     ZlibChecksum{checksum.value() + flaw}.write(out);

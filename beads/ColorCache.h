@@ -1,9 +1,9 @@
 #pragma once
 
+#include "beads/LazyTable.h"
+
 #include <array>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 
 namespace VORN {
 
@@ -30,17 +30,11 @@ inline std::size_t colorSlot(const unsigned char* rgb) {
 /// close to each other share cache lines.
 class ColorCache {
 public:
-    /// Nothing but running out of memory can fail: a `std::bad_alloc`.
-    ColorCache();
-
     /// The byte remembered for a colour, 0 at first.
     std::uint8_t& operator[](const unsigned char* rgb) { return table_[colorSlot(rgb)]; }
 
 private:
-    struct Free {
-        void operator()(std::uint8_t* bytes) const { std::free(bytes); }
-    };
-    std::unique_ptr<std::uint8_t[], Free> table_;
+    LazyTable<std::uint8_t, std::size_t{1} << 24U> table_;
 };
 
 } // namespace VORN

@@ -29,12 +29,13 @@ void fillPixels(std::span<unsigned char> pixels, const Rgb& rgb) {
     }
 }
 
-/// The pixels of one axis whose centres lie within `reach` of `centre`, `last` excluded.
+/// Pixels along one axis, `last` excluded.
 struct PixelRange {
     std::int64_t first;
     std::int64_t last;
 };
 
+/// The pixels of one axis whose centres lie within `reach` of `centre`.
 PixelRange pixelsWithin(double centre, double reach, unsigned count) {
     const double first = std::ceil(centre - reach - 0.5);
     const double last = std::floor(centre + reach - 0.5) + 1;
@@ -43,13 +44,39 @@ PixelRange pixelsWithin(double centre, double reach, unsigned count) {
             static_cast<std::int64_t>(std::clamp(last, 0.0, end))};
 }
 
-void drawDiscs(const BeadGeometry& geometry, const LayerFrame& frame, float radius,
-               const std::string& content, const Palette& palette, Picture& picture) {
-    forEachBead(geometry, content.size(), [&](std::size_t i) {
-        const auto symbol = static_cast<unsigned char>(content[i]);
-        if (palette.Contains(symbol))
-            drawDisc(picture, frame.toPicture(geometry.position(i)), radius, palette.Get(symbol));
-    });
+/// The columns of a row that a disc holds; `x` and `dy` lead from the row's begin to its centre.
+PixelRange discColumns(double x, double dy, double r, unsigned width) {
+    const auto isInside = [&](std::int64_t column) {
+        const double dx = static_cast<double>(column) + 0.5 - x;
+        return dx * dx + dy * dy <= r * r;
+    };
+    // The root comes near; the ends are decided by the exact condition.
+    const double reach = std::sqrt(std::max(r * r - dy * dy, 0.0));
+    const double end = width;
+    PixelRange columns{static_cast<std::int64_t>(std::clamp(x - reach + 0.5, 0.0, end)),
+                       static_cast<std::int64_t>(std::clamp(x + reach + 0.5, 0.0, end))};
+    while (columns.first > 0 && isInside(columns.first - 1))
+        --columns.first;
+    while (columns.last < width && isInside(columns.last))
+        ++columns.last;
+    while (columns.first < columns.last && !isInside(columns.first))
+        ++columns.first;
+    while (columns.first < columns.last && !isInside(columns.last - 1))
+        --columns.last;
+    return columns;
+}
+
+void paintDisc(Picture& picture, const Point<2, float>& centre, float radius, const Rgb& rgb) {
+    const unsigned width = picture.size()[1];
+    const std::span<unsigned char> samples = picture.samples();
+    const PixelRange rows = pixelsWithin(centre[1], radius, picture.size()[2]);
+    for (std::int64_t row = rows.first; row < rows.last; ++row) {
+        const double dy = static_cast<double>(row) + 0.5 - centre[1];
+        const PixelRange columns = discColumns(centre[0], dy, radius, width);
+        const auto begin = static_cast<std::size_t>(row * width + columns.first);
+        const auto count = static_cast<std::size_t>(columns.last - columns.first);
+        fillPixels(samples.subspan(3 * begin, 3 * count), rgb);
+    }
 }
 
 /// The bytes that each symbol is drawn with.
@@ -60,6 +87,16 @@ std::array<Rgb, Palette::kSlots> symbolBytes(const Palette& palette, const Rgb& 
         bytes[symbol] = palette.Contains(slot) ? toBytes(palette.Get(slot)) : background;
     }
     return bytes;
+}
+
+void drawDiscs(const BeadGeometry& geometry, const LayerFrame& frame, float radius,
+               const std::string& content, const Palette& palette, Picture& picture) {
+    const auto bytes = symbolBytes(palette, {});
+    forEachBead(geometry, content.size(), [&](std::size_t i) {
+        const auto symbol = static_cast<unsigned char>(content[i]);
+        if (palette.Contains(symbol))
+            paintDisc(picture, frame.toPicture(geometry.position(i)), radius, bytes[symbol]);
+    });
 }
 
 void drawNearest(PatternStyle style, const Pattern::Layer& layer, const LayerFrame& frame,
@@ -93,34 +130,7 @@ Point<2, float> LayerFrame::toBeads(const Point<2, float>& place) const {
 }
 
 void drawDisc(Picture& picture, const Point<2, float>& centre, float radius, const Color& color) {
-    const Rgb rgb = toBytes(color);
-    const double x = centre[0];
-    const double y = centre[1];
-    const double r = radius;
-    const unsigned width = picture.size()[1];
-    const auto isInside = [&](std::int64_t column, double dy) {
-        const double dx = static_cast<double>(column) + 0.5 - x;
-        return dx * dx + dy * dy <= r * r;
-    };
-    const PixelRange rows = pixelsWithin(y, r, picture.size()[2]);
-    for (std::int64_t row = rows.first; row < rows.last; ++row) {
-        const double dy = static_cast<double>(row) + 0.5 - y;
-        PixelRange columns = pixelsWithin(x, std::sqrt(std::max(r * r - dy * dy, 0.0)), width);
-        // The root is rounded; the ends are decided by the exact condition.
-        while (columns.first > 0 && isInside(columns.first - 1, dy))
-            --columns.first;
-        while (columns.last < width && isInside(columns.last, dy))
-            ++columns.last;
-        while (columns.first < columns.last && !isInside(columns.first, dy))
-            ++columns.first;
-        while (columns.first < columns.last && !isInside(columns.last - 1, dy))
-            --columns.last;
-        const auto at = static_cast<std::size_t>(row) * width;
-        const auto count = static_cast<std::size_t>(columns.last - columns.first);
-        fillPixels(picture.samples().subspan(3 * (at + static_cast<std::size_t>(columns.first)),
-                                             3 * count),
-                   rgb);
-    }
+    paintDisc(picture, centre, radius, toBytes(color));
 }
 
 void drawLayer(const Pattern& pattern, std::size_t layer, const Palette& palette, float beadSize,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 namespace VORN {
@@ -18,9 +19,9 @@ struct Window {
 Window windowAround(double centre, std::size_t count) {
     constexpr std::size_t kWidth = 3;
     const std::size_t latest = count > kWidth ? count - kWidth : 0;
-    const double first = std::clamp(std::floor(centre - 0.5), 0.0, static_cast<double>(latest));
-    return {static_cast<std::size_t>(first),
-            std::min(static_cast<std::size_t>(first) + kWidth, count)};
+    const double begin = std::clamp(centre - 0.5, 0.0, static_cast<double>(latest));
+    const auto first = static_cast<std::size_t>(static_cast<std::int64_t>(begin));
+    return {first, std::min(first + kWidth, count)};
 }
 
 /// The rows or rings that content of that length takes, the last perhaps in part.
@@ -49,6 +50,14 @@ public:
     void consider(std::size_t i, const Point<2, float>& position) {
         const float distance = squaredDistance(position, point_);
         if (found_ && !(distance < distance_ || (distance == distance_ && i < *found_)))
+            return;
+        found_ = i;
+        distance_ = distance;
+    }
+    /// As `consider`, when all beads so far have lower content positions.
+    void considerNext(std::size_t i, const Point<2, float>& position) {
+        const float distance = squaredDistance(position, point_);
+        if (found_ && !(distance < distance_))
             return;
         found_ = i;
         distance_ = distance;
@@ -89,6 +98,7 @@ void NearestBead::searchGrid(const Point<2, float>& point, Best& best) const {
     const std::size_t rowLength = geometry_.rowLength();
     if (rowLength == 0 || length_ == 0)
         return;
+    Best nearest = best; // a copy of its own, which the compiler keeps in registers
     const bool isHex = geometry_.style() == PatternStyle::Hex;
     const double rowPitch = isHex ? std::numbers::sqrt3 * 0.5 : 1.0;
     const Window rows = windowAround(point[1] / rowPitch, rows_);
@@ -98,8 +108,9 @@ void NearestBead::searchGrid(const Point<2, float>& point, Best& best) const {
         const Window columns = windowAround(point[0] / (isHex ? 0.5 : 1.0), count);
         for (std::size_t column = columns.first; column < columns.last; ++column)
             if (!isHex || (row + column) % 2 == 0)
-                best.consider(start + column, geometry_.gridPosition(column, row));
+                nearest.considerNext(start + column, geometry_.gridPosition(column, row));
     }
+    best = nearest;
 }
 
 void NearestBead::searchRings(const Point<2, float>& point, Best& best) const {

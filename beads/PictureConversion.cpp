@@ -106,49 +106,50 @@ bool hasBeadPerPixel(const PictureView& picture, PatternStyle style, const Patte
            width <= kExact && height <= kExact;
 }
 
-/// What matching left over at one pixel.
-using Error = std::array<float, 3>;
+/// The components of a picture's bytes.
+constexpr std::array<float, 256> kComponents = [] {
+    std::array<float, 256> components{};
+    for (std::size_t byte = 0; byte < components.size(); ++byte)
+        components[byte] = toComponent(static_cast<unsigned char>(byte));
+    return components;
+}();
 
 /// Diffuses the errors of one picture row to the next, in the order of reading.
 class Diffusion {
 public:
     Diffusion(const PaletteMatcher& matcher, std::size_t width)
-        : matcher_{matcher}, errors_(width) {}
+        : matcher_{matcher}, errors_(width + 2) {}
 
     /// Matches a row of at least one pixel.
     void matchRow(const unsigned char* rgb, char* symbols) {
-        errors_.back() = running_;
-        running_ = {};
-        for (std::size_t x = 0; x < errors_.size(); ++x)
-            symbols[x] = matchPixel(rgb + 3 * x, x);
+        const std::size_t width = errors_.size() - 2;
+        Error* const above = errors_.data() + 1;
+        above[width - 1] = running_;
+        Error running{};
+        for (std::size_t x = 0; x < width; ++x) {
+            PaletteMatcher::Components corrected{
+                kComponents[rgb[3 * x]], kComponents[rgb[3 * x + 1]], kComponents[rgb[3 * x + 2]]};
+            for (std::size_t c = 0; c < corrected.size(); ++c)
+                corrected[c] = corrected[c] + 0.4375F * running[c] + 0.3125F * above[x][c] +
+                               0.1875F * above[x - 1][c] + 0.0625F * above[x + 1][c];
+            if (x >= 2) // deliberately column 0 leaves nothing to the next row
+                above[x - 1] = running;
+            const std::size_t entry = matcher_.nearestEntry(corrected);
+            symbols[x] = static_cast<char>(matcher_.symbol(entry));
+            const PaletteMatcher::Components& color = matcher_.color(entry);
+            for (std::size_t c = 0; c < corrected.size(); ++c)
+                running[c] = corrected[c] - color[c];
+        }
+        running_ = running;
     }
 
 private:
-    char matchPixel(const unsigned char* rgb, std::size_t x) {
-        Color corrected;
-        for (std::size_t c = 0; c < 3; ++c)
-            corrected[c] = correct(toComponent(rgb[c]), x, c);
-        if (x >= 2)
-            errors_[x - 1] = running_;
-        const PaletteMatcher::Match match = matcher_.match(corrected);
-        for (std::size_t c = 0; c < 3; ++c)
-            running_[c] = corrected[c] - match.color[c];
-        return static_cast<char>(match.symbol);
-    }
-
-    // Deliberately column 1 takes nothing from column 0 of the row before.
-    float correct(float component, std::size_t x, std::size_t c) const {
-        float sum = component + 0.4375F * running_[c] + 0.3125F * errors_[x][c];
-        if (x >= 2)
-            sum += 0.1875F * errors_[x - 1][c];
-        if (x + 1 < errors_.size())
-            sum += 0.0625F * errors_[x + 1][c];
-        return sum;
-    }
+    /// What matching left over at one pixel.
+    using Error = PaletteMatcher::Components;
 
     const PaletteMatcher& matcher_;
-    std::vector<Error> errors_; // of the row before, behind the current pixel of this row
-    Error running_{};           // of the pixel before
+    std::vector<Error> errors_; // of the row before; one of 0 at each side of the columns
+    Error running_{};           // of the last pixel of the row before
 };
 
 } // namespace

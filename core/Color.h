@@ -29,7 +29,7 @@ private:
 };
 
 /// The component that a byte of a picture stands for.
-inline float toComponent(unsigned char byte) { return static_cast<float>(byte / 255.0); }
+constexpr float toComponent(unsigned char byte) { return static_cast<float>(byte / 255.0); }
 
 /// The integer part of `component` times 255, clamped to 0..255; not a number gives 0.
 inline unsigned char toByte(float component) {

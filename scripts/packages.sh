@@ -24,6 +24,7 @@ require_packages() {
 
 build_packages=(cmake g++ ninja-build)
 test_packages=("${build_packages[@]}" googletest libgtest-dev)
+bench_packages=("${build_packages[@]}" libbenchmark-dev)
 
 # Configures, once, and builds a preset; what the build says is shown only when it fails.
 build_preset() {

@@ -49,7 +49,36 @@ TEST(PaletteMatcher, MatchesAsThePlainWalk) {
             for (int i = 0; i < 300; ++i) {
                 const Color wanted = color();
                 EXPECT_EQ(matcher.nearest(wanted), nearestByWalk(palette, weights, wanted));
+                // Far outside, as errors of dithering may lead.
+                const float far = static_cast<float>(i) - 100.0F;
+                const Color strayed{wanted[0] * far, wanted[1], wanted[2] * far};
+                EXPECT_EQ(matcher.nearest(strayed), nearestByWalk(palette, weights, strayed));
             }
+        }
+    }
+}
+
+TEST(PaletteMatcher, DecidesNarrowlyAsThePlainWalk) {
+    std::mt19937 random{2};
+    const auto component = [&] { return static_cast<float>(random() % 256) / 255.0F; };
+    for (const float weight : {0.0F, 1.0F, 1e-16F, 1e-22F, 3e18F, 1e30F}) {
+        PaletteMatcher::Weights weights;
+        if (weight > 0.0F)
+            weights = {weight, 2.0F * weight, weight};
+        Palette palette;
+        for (unsigned symbol = 0; symbol < 100; ++symbol)
+            palette.Set(static_cast<unsigned char>(symbol),
+                        {component(), component(), component()});
+        const PaletteMatcher matcher{palette, weights};
+        // Colours about as far from one entry as from another.
+        for (int i = 0; i < 2000; ++i) {
+            const Color& a = palette.Get(static_cast<unsigned char>(random() % 100));
+            const Color& b = palette.Get(static_cast<unsigned char>(random() % 100));
+            const float part = 0.5F + static_cast<float>(i % 9 - 4) * 3e-8F;
+            Color between;
+            for (std::size_t c = 0; c < 3; ++c)
+                between[c] = a[c] + (b[c] - a[c]) * part;
+            ASSERT_EQ(matcher.nearest(between), nearestByWalk(palette, weights, between));
         }
     }
 }

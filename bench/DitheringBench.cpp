@@ -1,0 +1,26 @@
+#include "beads/PictureConversion.h"
+#include "bench/SampleData.h"
+
+#include <benchmark/benchmark.h>
+
+namespace VORN {
+namespace {
+
+/// Arguments: palette colours, whether they are compared as HSV.
+void ditherPicture(benchmark::State& state) {
+    const PaletteMatcher::Weights weights =
+        state.range(1) != 0 ? PaletteMatcher::Weights{{1, 1, 1}} : PaletteMatcher::Weights{};
+    const PaletteMatcher matcher{Bench::palette(static_cast<unsigned>(state.range(0))), weights};
+    const auto picture = Bench::photo(1000, 1000);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(dither(PictureView{picture}, matcher));
+    state.SetItemsProcessed(state.iterations() * 1000 * 1000); // pixels
+}
+BENCHMARK(ditherPicture)
+    ->Name("DitherPicture")
+    ->ArgNames({"colors", "hsv"})
+    ->ArgsProduct({{16, 62, 256}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace VORN

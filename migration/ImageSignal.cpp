@@ -13,8 +13,8 @@ constexpr std::size_t kChannels = 3;
 
 /// Where the bytes of red, green and blue lie in a picture that was imported.
 struct SampleLayout {
-    std::size_t pixelStride;
-    std::size_t lineStride;
+    std::uint64_t pixelStride;
+    std::uint64_t lineStride;
     std::array<std::size_t, kChannels> offsets; // of the byte that is kept, within a pixel
     unsigned char scale;                        // what the kept byte is multiplied with
 };
@@ -52,7 +52,7 @@ SampleLayout layoutOf(const ImageMetadata& metadata) {
 
 /// Moves the three bytes of pixel `pixel` to where they belong.
 void movePixel(const SampleLayout& layout, std::uint8_t* memory, std::size_t pixel) {
-    const std::uint8_t* source = memory + pixel * layout.pixelStride;
+    const std::uint8_t* source = memory + pixel * static_cast<std::size_t>(layout.pixelStride);
     const std::array<std::uint8_t, kChannels> rgb{
         source[layout.offsets[0]], source[layout.offsets[1]], source[layout.offsets[2]]};
     for (std::size_t c = 0; c < kChannels; ++c)
@@ -61,17 +61,19 @@ void movePixel(const SampleLayout& layout, std::uint8_t* memory, std::size_t pix
 
 /// Moves the lines of a picture together, so that no bytes lie between them.
 void closeLines(std::uint8_t* bytes, SampleLayout& layout, std::size_t width, std::size_t height) {
-    const std::size_t lineBytes = layout.pixelStride * width;
-    if (layout.lineStride != lineBytes)
+    const std::size_t lineBytes = static_cast<std::size_t>(layout.pixelStride) * width;
+    const auto lineStride = static_cast<std::size_t>(layout.lineStride);
+    if (lineStride != lineBytes)
         for (std::size_t line = 0; line < height; ++line)
-            std::copy_n(bytes + line * layout.lineStride, lineBytes, bytes + line * lineBytes);
+            std::copy_n(bytes + line * lineStride, lineBytes, bytes + line * lineBytes);
     layout.lineStride = lineBytes;
 }
 
 /// Turns a picture into red, green and blue bytes within the same memory.
 ///
 /// Where pixels shrink every byte moves towards the front, so the walk starts there; where they
-/// grow it starts at the end.
+/// grow it starts at the end. The picture lies in the memory as the layout says, so that its
+/// strides are sizes.
 void packInPlace(IncrementalBuffer& bytes, SampleLayout layout, std::size_t width,
                  std::size_t height) {
     const std::uint64_t packed = std::uint64_t{kChannels} * width * height;
@@ -99,12 +101,12 @@ void ImageSignal<T>::importImage(DataImporter& importer) {
     ImageMetadata metadata;
     importer.importImage(bytes_, metadata);
     const SampleLayout layout = layoutOf(metadata);
-    const std::uint64_t needed = std::uint64_t{layout.lineStride} * metadata.height;
+    const std::uint64_t needed = layout.lineStride * metadata.height;
     if (bytes_.size() < needed)
         throw SpaceException<std::uint64_t>{kNoOrigin, needed, bytes_.size()};
     const bool isPackedAlready = layout.pixelStride == kChannels && metadata.type.bits == 8 &&
                                  metadata.format != ImageMetadata::Format::Bgra &&
-                                 layout.lineStride == kChannels * metadata.width;
+                                 layout.lineStride == std::uint64_t{kChannels} * metadata.width;
     if (!isPackedAlready && needed > 0)
         packInPlace(bytes_, layout, metadata.width, metadata.height);
     Resize({kChannels, metadata.width, metadata.height});

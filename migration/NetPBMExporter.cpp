@@ -25,7 +25,8 @@ struct SampleLayout {
     SampleLayout(const ImageMetadata& metadata, const ImageFormatDescriptor& descriptor)
         : width{metadata.width}, height{metadata.height}, sampleBytes{metadata.type.bits > 8 ? 2U
                                                                                              : 1U},
-          pixelStride{std::max(descriptor.pixelStride, metadata.channels * sampleBytes)},
+          pixelStride{
+              std::max<std::uint64_t>(descriptor.pixelStride, metadata.channels * sampleBytes)},
           lineStride{std::max(descriptor.lineStride, width * pixelStride)} {
         for (const std::uint32_t slot : descriptor.channelOffsets)
             sampleOffsets.push_back(slot * sampleBytes);

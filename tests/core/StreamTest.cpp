@@ -83,15 +83,14 @@ TEST(StreamPump, CopiesInPieces) {
         StreamPump pump{chunk};
         pump.setSource(&source);
         pump.setSink(&sink);
-        pump.pump(3);
-        EXPECT_EQ(source.tell(), 3U);
+        pump.pump(6);
+        EXPECT_EQ(source.tell(), 6U);
         pump.pumpToEnd();
         EXPECT_TRUE(std::ranges::equal(copied.data(), buffer.data()));
         SizeMeasureWriteStream measure;
         source.seek(1);
         pump.setSink(&measure);
         EXPECT_NE(complaintOf([&] { pump.pump(10); }), "");
-        pump.pumpToEnd();
         EXPECT_LE(measure.size(), 9U);
     }
 }

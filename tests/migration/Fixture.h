@@ -79,20 +79,13 @@ Picture imported(std::span<const std::uint8_t> file) {
     return imported(importer, file);
 }
 
-/// Adds the file to `file`, of which a part may be there when the exporter refuses the picture.
+/// Writes the file, of which a part is there when the exporter refuses the picture.
 template <class Exporter>
-void exportTo(Bytes& file, const Bytes& samples, const Metadata& metadata) {
-    IncrementalBuffer written;
-    BufferStream stream{written};
+void exportTo(IncrementalBuffer& file, const Bytes& samples, const Metadata& metadata) {
+    BufferStream stream{file};
     Exporter exporter;
     exporter.setStream(&stream);
-    try {
-        exporter.exportImage(BorrowConstBuffer{samples}, metadata);
-    } catch (const Exception&) {
-        append(file, written.data());
-        throw;
-    }
-    append(file, written.data());
+    exporter.exportImage(BorrowConstBuffer{samples}, metadata);
 }
 
 } // namespace Migration

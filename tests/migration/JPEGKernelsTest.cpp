@@ -14,6 +14,7 @@
 #include <cmath>
 #include <map>
 #include <numbers>
+#include <numeric>
 #include <random>
 
 namespace VORN::Migration::JPEG {
@@ -60,22 +61,19 @@ TEST(JPEGColor, IsTheFloatFormulaForAllColors) {
         return static_cast<std::uint8_t>(std::clamp(value, 0.0F, 255.0F));
     };
     Bytes y(256);
-    for (unsigned i = 0; i < 256; ++i)
-        y[i] = static_cast<std::uint8_t>(i);
-    Bytes pixels(3 * 256);
-    Bytes expected(3 * 256);
-    for (unsigned blue = 0; blue < 256; ++blue)
-        for (unsigned red = 0; red < 256; ++red) {
+    std::iota(y.begin(), y.end(), std::uint8_t{0});
+    for (int blue = 0; blue < 256; ++blue)
+        for (int red = 0; red < 256; ++red) {
+            Bytes pixels(3 * 256);
             convertLine(y, Bytes(256, static_cast<std::uint8_t>(blue)),
                         Bytes(256, static_cast<std::uint8_t>(red)), pixels);
-            const float cb = static_cast<float>(blue) - 128.0F;
-            const float cr = static_cast<float>(red) - 128.0F;
-            for (std::size_t i = 0; i < 256; ++i) {
-                const auto luminance = static_cast<float>(i);
-                expected[3 * i] = toByte(luminance + 1.402F * cr);
-                expected[3 * i + 1] = toByte(luminance - 0.3441F * cb - 0.7141F * cr);
-                expected[3 * i + 2] = toByte(luminance + 1.772F * cb);
-            }
+            const auto cb = static_cast<float>(blue - 128);
+            const auto cr = static_cast<float>(red - 128);
+            Bytes expected;
+            for (const float luminance : y)
+                append(expected, std::array{toByte(luminance + 1.402F * cr),
+                                            toByte(luminance - 0.3441F * cb - 0.7141F * cr),
+                                            toByte(luminance + 1.772F * cb)});
             ASSERT_EQ(pixels, expected) << blue << ' ' << red;
         }
 }
@@ -93,28 +91,23 @@ TEST(JPEGColor, WritesNothingBehindItsLine) {
 TEST(JPEGUpsampling, BlendsThreeQuartersAndOneQuarter) {
     std::mt19937 random{2};
     for (std::size_t width = 2; width < 40; ++width) {
-        Bytes nearLine(width);
-        Bytes farLine(width);
-        std::ranges::generate(nearLine, [&] { return static_cast<std::uint8_t>(random()); });
-        std::ranges::generate(farLine, [&] { return static_cast<std::uint8_t>(random()); });
+        Bytes nearLine(width), farLine(width), halves[2]{Bytes(width), Bytes(width)};
+        Bytes across(2 * width), both(2 * width);
+        for (Bytes* line : {&nearLine, &farLine})
+            std::ranges::generate(*line, [&] { return static_cast<std::uint8_t>(random()); });
         std::vector<std::uint16_t> sums(width);
         addLines(nearLine, farLine, sums);
-        Bytes first(width);
-        Bytes second(width);
-        enlargeDown(sums, Half::First, first);
-        enlargeDown(sums, Half::Second, second);
-        Bytes across(2 * width);
+        enlargeDown(sums, Half::First, halves[0]);
+        enlargeDown(sums, Half::Second, halves[1]);
         enlargeAcross(nearLine, across);
-        Bytes both(2 * width);
         enlargeBoth(sums, both);
-
         for (std::size_t i = 0; i < 2 * width; ++i) {
             const std::size_t at = i / 2;
             const std::size_t beside = i % 2 == 0 ? at - (at > 0) : std::min(at + 1, width - 1);
             const int sum = 3 * nearLine[at] + farLine[at];
             const int sumBeside = 3 * nearLine[beside] + farLine[beside];
             const int odd = static_cast<int>(i % 2);
-            ASSERT_EQ(odd != 0 ? second[at] : first[at], (sum + 1 + odd) / 4);
+            ASSERT_EQ(halves[odd][at], (sum + 1 + odd) / 4);
             ASSERT_EQ(across[i], (3 * nearLine[at] + nearLine[beside] + 1 + odd) / 4);
             ASSERT_EQ(both[i], (3 * sum + sumBeside + 8 - odd) / 16);
         }

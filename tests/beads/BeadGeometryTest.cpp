@@ -70,9 +70,8 @@ TEST(BeadGeometry, BoxesTheBeads) {
     EXPECT_FLOAT_EQ(single.extent()[0], 2 / 6.2831855F);
     EXPECT_EQ((BeadGeometry{PatternStyle::Hex, {0U, 3U}}.box().extent()[1]), 0);
     EXPECT_EQ((BeadGeometry{PatternStyle::Hex, {0U, 3U}}.nextBead(0, 3)), 3U);
-    EXPECT_EQ(complaintOf([] {
-                  BeadGeometry{static_cast<PatternStyle>(3), {1U, 1U}};
-              }),
+    const Tuple<2, unsigned> one{1U, 1U};
+    EXPECT_EQ(complaintOf([&] { BeadGeometry(static_cast<PatternStyle>(3), one); }),
               "No support for Pattern style not supported. . ");
 }
 

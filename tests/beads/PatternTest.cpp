@@ -72,9 +72,8 @@ TEST(Pattern, NamesTheLineOfTheWrongLength) {
 TEST(Pattern, FillsLayers) {
     Pattern pattern;
     pattern.style = PatternStyle::Circle;
-    EXPECT_EQ(complaintOf([&] {
-                  pattern.AddFilledLayer({~0U, ~0U}, 'a');
-              }),
+    const Tuple<2, unsigned> huge{~0U, ~0U};
+    EXPECT_EQ(complaintOf([&] { pattern.AddFilledLayer(huge, 'a'); }),
               "Failed to allocate pattern layer. ");
     EXPECT_EQ(pattern.AddFilledLayer({3U, 3U}, 'a'), 0U);
     EXPECT_EQ(writtenText(pattern), "circle\n\na\naaaaaa\naaaaaaaaaaaa\n\n");

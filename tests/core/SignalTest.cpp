@@ -36,18 +36,15 @@ TEST(Signal, PermutesAnyWay) {
                               original[old]);
     } while (std::ranges::next_permutation(order).found);
     Signal<3, unsigned char> signal{original};
-    EXPECT_EQ(complaintOf([&] {
-                  signal.Permute({0U, 0U, 1U});
-              }),
+    const Tuple<3, unsigned> incomplete{0U, 0U, 1U};
+    EXPECT_EQ(complaintOf([&] { signal.Permute(incomplete); }),
               "order tuple is not a tuple with all dimensions represented. ");
     EXPECT_EQ(complaintOf([&] { signal.SwapDimensions(0, 3); }), "Value (3) out of bound (2). ");
 }
 
 TEST(Signal, KeepsItsSizeHonest) {
-    EXPECT_EQ(complaintOf([] {
-                  sampleCount(Tuple<3, unsigned>{~0U, ~0U, 2U});
-              }),
-              "Failed to allocate signal. ");
+    const Tuple<3, unsigned> huge{~0U, ~0U, 2U};
+    EXPECT_EQ(complaintOf([&] { sampleCount(huge); }), "Failed to allocate signal. ");
     Signal<3, unsigned char> owner = counted({1U, 2U, 3U});
     SignalBorrow<3, unsigned char> view{owner.size(), owner.samples().data()};
     EXPECT_EQ(complaintOf([&] { view.Resize({1U, 2U, 4U}); }), "Missmatching signal size. ");
@@ -65,10 +62,8 @@ TEST(BinarySignal, PacksRowsIntoWords) {
     EXPECT_EQ(signal.words()[2], 2U);
     EXPECT_TRUE(signal.get(32, 0));
     EXPECT_FALSE(signal.get(31, 0));
-    EXPECT_EQ(complaintOf([&] {
-                  signal.Resize({1U, 1U});
-              }),
-              "No support for binary signal resize. ");
+    const Tuple<2, unsigned> single{1U, 1U};
+    EXPECT_EQ(complaintOf([&] { signal.Resize(single); }), "No support for binary signal resize. ");
 }
 
 TEST(Hyperrectangle, ExcludesItsUpperEdge) {

@@ -117,13 +117,11 @@ TEST(Crc32, MatchesThePublishedCheckValue) {
 
 TEST(SaveOutput, LeavesNoHalfWrittenFile) {
     const std::string name = testing::TempDir() + "half-written.txt";
-    EXPECT_EQ(complaintOf([&] {
-                  saveOutput(name, [](WriteStream& out) {
-                      out.write(bytesOf("half"));
-                      throw IteratorException{kNoOrigin};
-                  });
-              }),
-              "Invalid iterator. ");
+    const auto fail = [](WriteStream& out) {
+        out.write(bytesOf("half"));
+        throw IteratorException{kNoOrigin};
+    };
+    EXPECT_EQ(complaintOf([&] { saveOutput(name, fail); }), "Invalid iterator. ");
     EXPECT_FALSE(std::filesystem::exists(name));
     EXPECT_TRUE(saveOutput(name, [](WriteStream& out) { out.write(bytesOf("whole")); }));
     EXPECT_EQ(std::filesystem::file_size(name), 5U);

@@ -150,9 +150,6 @@ TEST(Adler32, EqualsThePlainSums) {
         }
         ASSERT_EQ(whole.value(), b << 16 | a) << done;
     }
-    Adler32 atOnce;
-    atOnce.update(white);
-    EXPECT_EQ(atOnce.value(), 0x9F51D664); // as zlib computes it
 }
 
 TEST(ZlibHeader, NamesTheFirstFieldThatIsWrong) {

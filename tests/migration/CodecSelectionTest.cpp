@@ -104,7 +104,7 @@ TEST(NativeImporter, ReadsItsFormatOrSaysWhyNot) {
         EXPECT_TRUE(picture.metadata.has("Comment"));
     };
     for (const auto& [file, complaint] : kCases)
-        EXPECT_EQ(complaintOf([&] { import(file); }), complaint);
+        EXPECT_EQ(complaintOf([&, &content = file] { import(content); }), complaint);
     for (std::size_t size = 0; size < kNativeFile.size(); ++size)
         EXPECT_EQ(complaintOf([&] { import(kNativeFile.substr(0, size)); }),
                   "Attempted to read over end of buffer. ");

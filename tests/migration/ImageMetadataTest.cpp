@@ -40,7 +40,8 @@ TEST(SampleType, RefusesWhatIsNoType) {
     };
     for (const auto& [text, complaint] : kCases) {
         std::string again;
-        EXPECT_EQ(complaintOf([&] { again = toText(parseSampleType(text)); }), complaint);
+        EXPECT_EQ(complaintOf([&, &type = text] { again = toText(parseSampleType(type)); }),
+                  complaint);
         EXPECT_EQ(again, complaint.empty() ? text : "");
     }
 }

@@ -65,8 +65,9 @@ TEST(PNGExporter, SaysWhatItCannotWrite) {
     };
     for (const auto& [metadata, complaint] : kCases) {
         IncrementalBuffer file;
-        EXPECT_EQ(complaintOf([&] { exportTo<PNGExporter>(file, Bytes(16), metadata); }),
-                  complaint);
+        EXPECT_EQ(
+            complaintOf([&, &texts = metadata] { exportTo<PNGExporter>(file, Bytes(16), texts); }),
+            complaint);
         EXPECT_EQ(file.size() == 8, !complaint.empty()); // the signature alone
     }
     EXPECT_EQ(

@@ -160,7 +160,7 @@ TEST(PNGImporter, SaysWhyAFileIsRefused) {
         {png({header(~0U, 0x10000, 8, 3), palette(3), data, last}), paletteSize},
     };
     for (const auto& [file, complaint] : kCases)
-        EXPECT_EQ(complaintOf([&] { imported<PNGImporter>(file); }), complaint)
+        EXPECT_EQ(complaintOf([&bytes = file] { imported<PNGImporter>(bytes); }), complaint)
             << testing::PrintToString(file);
 }
 

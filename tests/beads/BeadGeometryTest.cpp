@@ -16,22 +16,17 @@ TEST(BeadGeometry, PlacesBeads) {
         PatternStyle style;
         Tuple<2, unsigned> size;
         std::size_t i;
-        double x;
-        double y;
+        double x, y;
     } kCases[] = {
         {PatternStyle::Square, {3U, 2U}, 5, 2, 1},
         {PatternStyle::Hex, {3U, 2U}, 4, 2, 0},
         {PatternStyle::Hex, {3U, 2U}, 7, 0.5, std::sqrt(3) / 2},
         {PatternStyle::Circle, {3U, 3U}, 0, 0, 0},
         {PatternStyle::Circle, {3U, 3U}, 1, kPitch, 0},
-        {PatternStyle::Circle, {3U, 3U}, 2, kPitch * std::cos(kPi / 3), kPitch * std::sin(kPi / 3)},
+        {PatternStyle::Circle, {3U, 3U}, 2, 0.5 * kPitch, std::sqrt(0.75) * kPitch},
         // Ring 2 begins half a turn on, ring 3 two thirds of one.
         {PatternStyle::Circle, {3U, 3U}, 7, -2 * kPitch, 0},
-        {PatternStyle::Circle,
-         {4U, 4U},
-         19,
-         3 * kPitch * std::cos(4 * kPi / 3),
-         3 * kPitch * std::sin(4 * kPi / 3)},
+        {PatternStyle::Circle, {4U, 4U}, 19, -1.5 * kPitch, -1.5 * std::sqrt(3) * kPitch},
     };
     for (const auto& c : kCases) {
         const Point<2, float> position = BeadGeometry{c.style, c.size}.position(c.i);
@@ -75,9 +70,8 @@ TEST(BeadGeometry, BoxesTheBeads) {
     EXPECT_FLOAT_EQ(single.extent()[0], 2 / 6.2831855F);
     EXPECT_EQ((BeadGeometry{PatternStyle::Hex, {0U, 3U}}.box().extent()[1]), 0);
     EXPECT_EQ((BeadGeometry{PatternStyle::Hex, {0U, 3U}}.nextBead(0, 3)), 3U);
-    EXPECT_EQ(complaintOf([] {
-                  BeadGeometry{static_cast<PatternStyle>(3), {1U, 1U}};
-              }),
+    const Tuple<2, unsigned> one{1U, 1U};
+    EXPECT_EQ(complaintOf([&] { BeadGeometry(static_cast<PatternStyle>(3), one); }),
               "No support for Pattern style not supported. . ");
 }
 

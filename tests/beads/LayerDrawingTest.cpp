@@ -66,8 +66,7 @@ TEST(LayerFrame, GrowsWithTheBeadSize) {
     const Hyperrectangle<2, float> box{{0, 0}, {28, 9}};
     const struct {
         float beadSize;
-        unsigned width;
-        unsigned height;
+        unsigned width, height;
     } kCases[] = {{0.8F, 29, 10}, {4, 145, 50}, {1.5F, 55, 19}, {1e-30F, 1, 1}};
     for (const auto& c : kCases) {
         const LayerFrame frame{box, c.beadSize};

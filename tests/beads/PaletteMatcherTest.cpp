@@ -99,10 +99,9 @@ TEST(ColorCache, HasASlotForEachColor) {
     for (unsigned red = 0; red < 256; red += 5)
         for (unsigned green = 0; green < 256; green += 3)
             for (unsigned blue = 0; blue < 256; ++blue) {
-                const unsigned char rgb[] = {static_cast<unsigned char>(red),
-                                             static_cast<unsigned char>(green),
-                                             static_cast<unsigned char>(blue)};
-                const std::size_t slot = colorSlot(rgb);
+                const auto byte = [](unsigned value) { return static_cast<unsigned char>(value); };
+                const std::size_t slot =
+                    colorSlot(std::array{byte(red), byte(green), byte(blue)}.data());
                 ASSERT_LT(slot, taken.size());
                 distinct += taken[slot] ? 0 : 1;
                 taken[slot] = true;

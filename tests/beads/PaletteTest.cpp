@@ -10,10 +10,7 @@ namespace VORN {
 namespace {
 
 TEST(Palette, ReadsLinesOfSymbolAndFractions) {
-    const struct {
-        const char* file;
-        const char* written;
-    } kCases[] = {
+    const std::pair<const char*, const char*> kCases[] = {
         {"", ""},
         {"a 1 0.5 0\n", "a 1 0.5 0\n"},
         {"b 1 0 0\r\na\t0 \t 1   0  \r\n\r\n\n", "a 0 1 0\nb 1 0 0\n"},
@@ -21,10 +18,10 @@ TEST(Palette, ReadsLinesOfSymbolAndFractions) {
         {"  1 0 0\n", "  1 0 0\n"},  // the symbol may be a blank
         {"a 1 0\r0\n", "a 1 0 0\n"}, // a lone CR separates
     };
-    for (const auto& c : kCases) {
+    for (const auto& [file, written] : kCases) {
         Palette palette;
-        EXPECT_TRUE(readText(palette, c.file));
-        EXPECT_EQ(writtenText(palette), c.written) << c.file;
+        EXPECT_TRUE(readText(palette, file));
+        EXPECT_EQ(writtenText(palette), written) << file;
     }
 }
 
@@ -38,13 +35,12 @@ TEST(Palette, RefusesOtherLines) {
         EXPECT_EQ(complaintOf([&] { readText(palette, std::string{"b 1 1 1\n"} + line + "\r\n"); }),
                   entry(line));
     }
-    Palette palette;
-    EXPECT_EQ(complaintOf([&] { readText(palette, "a 1.2.3 1 1"); }),
-              "Failed to convert \"1.2.3\" to float.");
-    EXPECT_EQ(complaintOf([&] { readText(palette, "a . 1 1"); }),
-              "Failed to convert \".\" to float.");
-    EXPECT_EQ(complaintOf([&] { readText(palette, "a 1 1 1" + std::string(50, '0')); }),
-              "Failed to convert \"1" + std::string(50, '0') + "\" to float.");
+    for (const std::string& number :
+         {std::string{"1.2.3"}, std::string{"."}, "1" + std::string(50, '0')}) {
+        Palette palette;
+        EXPECT_EQ(complaintOf([&] { readText(palette, "a 1 1 " + number); }),
+                  "Failed to convert \"" + number + "\" to float.");
+    }
 }
 
 TEST(Palette, ReadsEveryBuiltinOne) {

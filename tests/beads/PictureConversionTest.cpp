@@ -10,19 +10,18 @@
 namespace VORN {
 namespace {
 
+using Picture = Signal<3, unsigned char>;
+
 /// A picture of greys, given from the top row on, digits 0 to 5 standing for 0, 51, ... 255.
-Signal<3, unsigned char> greys(std::initializer_list<const char*> rows) {
+Picture greys(const std::vector<std::string>& rows) {
     const auto height = static_cast<unsigned>(rows.size());
-    const auto width = static_cast<unsigned>(std::string_view{*rows.begin()}.size());
-    Signal<3, unsigned char> picture{{3U, width, height}};
-    unsigned fromTop = 0;
-    for (const char* row : rows) {
+    const auto width = static_cast<unsigned>(rows[0].size());
+    Picture picture{{3U, width, height}};
+    for (unsigned y = 0; y < height; ++y)
         for (unsigned x = 0; x < width; ++x)
             for (unsigned c = 0; c < 3; ++c)
-                picture[{c, x, height - 1 - fromTop}] =
-                    static_cast<unsigned char>(51 * (row[x] - '0'));
-        ++fromTop;
-    }
+                picture[{c, x, height - 1 - y}] =
+                    static_cast<unsigned char>(51 * (rows[y][x] - '0'));
     return picture;
 }
 
@@ -36,59 +35,48 @@ Palette greyPalette() {
     return palette;
 }
 
-std::string matched(const Signal<3, unsigned char>& picture, PatternStyle style, unsigned size,
+std::string matched(const Picture& picture, PatternStyle style, const Tuple<2, unsigned>& size,
                     const std::optional<ColorBox>& transparent = {}) {
     Pattern pattern;
     pattern.style = style;
-    pattern.AddFilledLayer({size, size}, kNoBead);
+    pattern.AddFilledLayer(size, kNoBead);
     matchBeads(PictureView{picture}, {greyPalette(), {}}, transparent, pattern);
     return pattern.layer(0).content;
 }
 
 TEST(MatchBeads, KeepsThePictureUpright) {
-    const auto picture = greys({"012", "345", "543"});
-    EXPECT_EQ(matched(picture, PatternStyle::Square, 3), "012345543");
-    EXPECT_EQ(matched(picture, PatternStyle::Square, 2), "0253");
+    const auto square = greys({"012", "345", "543"});
+    EXPECT_EQ(matched(square, PatternStyle::Square, {3, 3}), "012345543");
+    EXPECT_EQ(matched(square, PatternStyle::Square, {2, 2}), "0253");
     // Rows of a hex layer end half a bead apart from each other; blanks stay.
-    EXPECT_EQ(matched(greys({"05", "05"}), PatternStyle::Hex, 2), "0 3  2 5");
+    EXPECT_EQ(matched(greys({"05", "05"}), PatternStyle::Hex, {2, 2}), "0 3  2 5");
     // The first ring goes around from the right, by way of the bottom, which is row 1 here.
-    EXPECT_EQ(matched(greys({"000", "000", "555"}), PatternStyle::Circle, 2), "0044000");
-    EXPECT_EQ(matched(greys({"005", "005", "005"}), PatternStyle::Circle, 2), "0520002");
+    EXPECT_EQ(matched(greys({"000", "000", "555"}), PatternStyle::Circle, {2, 2}), "0044000");
+    EXPECT_EQ(matched(greys({"005", "005", "005"}), PatternStyle::Circle, {2, 2}), "0520002");
+    EXPECT_EQ(matched({}, PatternStyle::Circle, {2, 2}), ".......");
+    const ColorBox transparent{{0.3F, 0.3F, 0.3F}, 0.15F};
+    EXPECT_EQ(matched(greys({"012", "345"}), PatternStyle::Square, {3, 2}, transparent), "0..345");
 }
 
 TEST(MatchBeads, LosesNoBeadAtTheEdge) {
-    const Signal<3, unsigned char> picture = greys({"55555", "55555", "55555", "55555", "55555"});
+    const Picture picture = greys(std::vector<std::string>(5, "55555"));
     for (const auto style : {PatternStyle::Square, PatternStyle::Hex, PatternStyle::Circle})
         for (unsigned size = 1; size < 40; ++size)
-            EXPECT_EQ(matched(picture, style, size).find('.'), std::string::npos);
-}
-
-TEST(MatchBeads, LeavesTransparentBeadsOut) {
-    const auto picture = greys({"012", "345"});
-    Pattern pattern;
-    pattern.AddFilledLayer({3U, 2U}, kNoBead);
-    matchBeads(PictureView{picture}, {greyPalette(), {}}, ColorBox{{0.3F, 0.3F, 0.3F}, 0.15F},
-               pattern);
-    EXPECT_EQ(pattern.layer(0).content, "0..345");
-    EXPECT_EQ(matched({}, PatternStyle::Circle, 2), ".......");
+            EXPECT_EQ(matched(picture, style, {size, size}).find('.'), std::string::npos);
 }
 
 TEST(ColorBox, RoundsOutwards) {
     const struct {
-        float centre;
-        float threshold;
-        unsigned first; // byte inside
-        unsigned last;
+        float centre, threshold;
+        unsigned first, last; // byte inside
     } kCases[] = {{0.2F, 0, 51, 51}, {0.5F, 0, 127, 128}, {0.5F, 0.1F, 102, 153},
                   {0, 0.05F, 0, 13}, {1, 3e38F, 0, 255},  {0.5F, -0.1F, 256, 255}};
-    for (const auto& c : kCases) {
-        const ColorBox box{{c.centre, c.centre, c.centre}, c.threshold};
+    for (const auto& c : kCases)
         for (unsigned byte = 0; byte < 256; ++byte) {
-            const auto b = static_cast<unsigned char>(byte);
-            const unsigned char rgb[] = {b, b, b};
-            EXPECT_EQ(box.contains(rgb), c.first <= byte && byte <= c.last) << byte;
+            const ColorBox box{{c.centre, c.centre, c.centre}, c.threshold};
+            const std::vector<unsigned char> rgb(3, static_cast<unsigned char>(byte));
+            EXPECT_EQ(box.contains(rgb.data()), c.first <= byte && byte <= c.last) << byte;
         }
-    }
 }
 
 /// Error diffusion as it is defined, without any haste.
@@ -121,9 +109,9 @@ std::string ditheredByWalk(const PictureView& picture, const PaletteMatcher& mat
     return symbols;
 }
 
-Signal<3, unsigned char> noise(unsigned width, unsigned height) {
+Picture noise(unsigned width, unsigned height) {
     std::mt19937 random{width * 1000 + height};
-    Signal<3, unsigned char> picture{{3U, width, height}};
+    Picture picture{{3U, width, height}};
     for (unsigned char& sample : picture.samples())
         sample = static_cast<unsigned char>(random());
     return picture;
@@ -151,61 +139,43 @@ TEST(Dither, DiffusesErrorsAsDefined) {
 }
 
 TEST(Crop, CountsFromTheTopLeftCorner) {
-    const auto rowsOf = [](const Signal<3, unsigned char>& picture) {
-        std::string rows;
-        for (unsigned y = picture.size()[2]; y-- > 0; rows += '|')
+    const auto original = greys({"0123", "4501", "2345"});
+    const auto cropped = [&](const PictureRegion& region) {
+        Picture picture{original};
+        std::string rows = complaintOf([&] { crop(picture, region); });
+        for (unsigned y = rows.empty() ? picture.size()[2] : 0; y-- > 0; rows += '|')
             for (unsigned x = 0; x < picture.size()[1]; ++x)
                 rows += static_cast<char>('0' + picture[{1U, x, y}] / 51);
         return rows;
     };
-    const auto original = greys({"0123", "4501", "2345"});
-    const struct {
-        PictureRegion region;
-        const char* rows;
-    } kCases[] = {
+    const std::pair<PictureRegion, const char*> kCases[] = {
         {{{0U, 0U}, {4U, 3U}}, "0123|4501|2345|"},
         {{{1U, 0U}, {2U, 2U}}, "12|50|"},
         {{{3U, 2U}, {1U, 1U}}, "5|"},
         {{{4U, 3U}, {0U, 0U}}, ""},
         {{{0U, 0U}, {0U, 2U}}, "||"},
-    };
-    for (const auto& c : kCases) {
-        Signal<3, unsigned char> picture{original};
-        crop(picture, c.region);
-        EXPECT_EQ(rowsOf(picture), c.rows);
-    }
-    const struct {
-        PictureRegion region;
-        const char* complaint;
-    } kRefused[] = {
         {{{1U, 3U}, {4U, 1U}}, "Value (5) out of bound (4). "},
         {{{0U, 3U}, {4U, 1U}}, "Value (4) out of bound (3). "},
         {{{~0U, 0U}, {2U, 1U}}, "Value (4294967295) out of bound (4). "},
     };
-    for (const auto& c : kRefused) {
-        Signal<3, unsigned char> picture{original};
-        EXPECT_EQ(complaintOf([&] { crop(picture, c.region); }), c.complaint);
-    }
+    for (const auto& [region, rows] : kCases)
+        EXPECT_EQ(cropped(region), rows);
     EXPECT_EQ(pickColor(PictureView{original}, 3, 0), Color(0.6F, 0.6F, 0.6F));
     EXPECT_EQ(complaintOf([&] { pickColor(PictureView{original}, 4, 3); }),
               "Value (4) out of bound (4). ");
 }
 
 TEST(OpaqueRegion, SurroundsAllOpaquePixels) {
-    const ColorBox black{{0, 0, 0}, 0};
-    const struct {
-        std::initializer_list<const char*> rows;
-        PictureRegion region;
-    } kCases[] = {
+    const std::pair<std::vector<std::string>, PictureRegion> kCases[] = {
         {{"0000", "0010", "0200"}, {{1U, 1U}, {2U, 2U}}},
         {{"1000", "0000", "0001"}, {{0U, 0U}, {4U, 3U}}},
         {{"0000", "0300"}, {{1U, 1U}, {1U, 1U}}},
         {{"0000", "0000"}, {{0U, 0U}, {4U, 2U}}},
     };
-    for (const auto& c : kCases) {
-        const PictureRegion region = opaqueRegion(PictureView{greys(c.rows)}, black);
-        EXPECT_EQ(region.origin(), c.region.origin());
-        EXPECT_EQ(region.extent(), c.region.extent());
+    for (const auto& [rows, expected] : kCases) {
+        const PictureRegion region = opaqueRegion(PictureView{greys(rows)}, ColorBox{{0, 0, 0}, 0});
+        EXPECT_EQ(region.origin(), expected.origin());
+        EXPECT_EQ(region.extent(), expected.extent());
     }
 }
 
@@ -221,24 +191,18 @@ double weightOf(unsigned source, unsigned from, unsigned target, unsigned to) {
 }
 
 TEST(Scale, AveragesOrInterpolates) {
-    const struct {
-        Tuple<2, unsigned> from;
-        Tuple<2, unsigned> to;
-    } kCases[] = {{{7U, 5U}, {3U, 2U}},
-                  {{4U, 4U}, {4U, 4U}},
-                  {{3U, 2U}, {8U, 7U}},
-                  {{1U, 9U}, {5U, 4U}},
-                  {{30U, 20U}, {1U, 13U}}};
-    for (const auto& c : kCases) {
-        const auto picture = noise(c.from[0], c.from[1]);
-        const auto scaled = scale(PictureView{picture}, c.to[0], c.to[1]);
-        for (unsigned y = 0; y < c.to[1]; ++y)
-            for (unsigned x = 0; x < c.to[0]; ++x) {
+    const unsigned kSizes[][4] = {
+        {7, 5, 3, 2}, {4, 4, 4, 4}, {3, 2, 8, 7}, {1, 9, 5, 4}, {30, 20, 1, 13}};
+    for (const auto& [fromWidth, fromHeight, width, height] : kSizes) {
+        const auto picture = noise(fromWidth, fromHeight);
+        const auto scaled = scale(PictureView{picture}, width, height);
+        for (unsigned y = 0; y < height; ++y)
+            for (unsigned x = 0; x < width; ++x) {
                 double sum = 0;
-                for (unsigned v = 0; v < c.from[1]; ++v)
-                    for (unsigned u = 0; u < c.from[0]; ++u)
-                        sum += weightOf(u, c.from[0], x, c.to[0]) *
-                               weightOf(v, c.from[1], y, c.to[1]) * picture[{2U, u, v}];
+                for (unsigned v = 0; v < fromHeight; ++v)
+                    for (unsigned u = 0; u < fromWidth; ++u)
+                        sum += weightOf(u, fromWidth, x, width) *
+                               weightOf(v, fromHeight, y, height) * picture[{2U, u, v}];
                 EXPECT_NEAR((scaled[{2U, x, y}]), sum, 0.5 + 1e-9);
             }
     }

@@ -8,9 +8,7 @@ namespace {
 TEST(Color, ConvertsToHsv) {
     const struct {
         Color color;
-        float hue;
-        float saturation;
-        float value;
+        float hue, saturation, value;
     } kCases[] = {
         {{0, 0, 0}, 0, 0, 0},
         {{0.5F, 0.5F, 0.5F}, 0, 0, 0.5F},

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <numeric>
 
 namespace VORN {
@@ -19,10 +20,9 @@ Signal<3, unsigned char> counted(const Tuple<3, unsigned>& size) {
 }
 
 TEST(Signal, PermutesAnyWay) {
-    constexpr unsigned kOrders[][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2},
-                                       {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
     const Signal<3, unsigned char> original = counted({2U, 3U, 4U});
-    for (const auto& order : kOrders) {
+    std::array order{0U, 1U, 2U};
+    do {
         SCOPED_TRACE(testing::Message() << order[0] << order[1] << order[2]);
         Signal<3, unsigned char> signal{original};
         signal.Permute({order[0], order[1], order[2]});
@@ -34,20 +34,17 @@ TEST(Signal, PermutesAnyWay) {
                 for (old[0] = 0; old[0] < 2; ++old[0])
                     ASSERT_EQ((signal[{old[order[0]], old[order[1]], old[order[2]]}]),
                               original[old]);
-    }
+    } while (std::ranges::next_permutation(order).found);
     Signal<3, unsigned char> signal{original};
-    EXPECT_EQ(complaintOf([&] {
-                  signal.Permute({0U, 0U, 1U});
-              }),
+    const Tuple<3, unsigned> incomplete{0U, 0U, 1U};
+    EXPECT_EQ(complaintOf([&] { signal.Permute(incomplete); }),
               "order tuple is not a tuple with all dimensions represented. ");
     EXPECT_EQ(complaintOf([&] { signal.SwapDimensions(0, 3); }), "Value (3) out of bound (2). ");
 }
 
 TEST(Signal, KeepsItsSizeHonest) {
-    EXPECT_EQ(complaintOf([] {
-                  sampleCount(Tuple<3, unsigned>{~0U, ~0U, 2U});
-              }),
-              "Failed to allocate signal. ");
+    const Tuple<3, unsigned> huge{~0U, ~0U, 2U};
+    EXPECT_EQ(complaintOf([&] { sampleCount(huge); }), "Failed to allocate signal. ");
     Signal<3, unsigned char> owner = counted({1U, 2U, 3U});
     SignalBorrow<3, unsigned char> view{owner.size(), owner.samples().data()};
     EXPECT_EQ(complaintOf([&] { view.Resize({1U, 2U, 4U}); }), "Missmatching signal size. ");
@@ -65,10 +62,8 @@ TEST(BinarySignal, PacksRowsIntoWords) {
     EXPECT_EQ(signal.words()[2], 2U);
     EXPECT_TRUE(signal.get(32, 0));
     EXPECT_FALSE(signal.get(31, 0));
-    EXPECT_EQ(complaintOf([&] {
-                  signal.Resize({1U, 1U});
-              }),
-              "No support for binary signal resize. ");
+    const Tuple<2, unsigned> single{1U, 1U};
+    EXPECT_EQ(complaintOf([&] { signal.Resize(single); }), "No support for binary signal resize. ");
 }
 
 TEST(Hyperrectangle, ExcludesItsUpperEdge) {

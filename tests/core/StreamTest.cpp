@@ -117,15 +117,14 @@ TEST(StreamPump, CopiesInPieces) {
         StreamPump pump{chunk};
         pump.setSource(&source);
         pump.setSink(&sink);
-        pump.pump(3);
-        EXPECT_EQ(source.tell(), 3U);
+        pump.pump(6);
+        EXPECT_EQ(source.tell(), 6U);
         pump.pumpToEnd();
         EXPECT_TRUE(std::ranges::equal(copied.data(), buffer.data()));
         SizeMeasureWriteStream measure;
         source.seek(1);
         pump.setSink(&measure);
         EXPECT_NE(complaintOf([&] { pump.pump(10); }), "");
-        pump.pumpToEnd();
         EXPECT_LE(measure.size(), 9U);
     }
 }
@@ -152,13 +151,11 @@ TEST(Crc32, MatchesThePublishedCheckValue) {
 
 TEST(SaveOutput, LeavesNoHalfWrittenFile) {
     const std::string name = testing::TempDir() + "half-written.txt";
-    EXPECT_EQ(complaintOf([&] {
-                  saveOutput(name, [](WriteStream& out) {
-                      out.write(bytesOf("half"));
-                      throw IteratorException{kNoOrigin};
-                  });
-              }),
-              "Invalid iterator. ");
+    const auto fail = [](WriteStream& out) {
+        out.write(bytesOf("half"));
+        throw IteratorException{kNoOrigin};
+    };
+    EXPECT_EQ(complaintOf([&] { saveOutput(name, fail); }), "Invalid iterator. ");
     EXPECT_FALSE(std::filesystem::exists(name));
     EXPECT_TRUE(saveOutput(name, [](WriteStream& out) { out.write(bytesOf("whole")); }));
     EXPECT_EQ(std::filesystem::file_size(name), 5U);

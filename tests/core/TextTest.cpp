@@ -18,13 +18,11 @@ TEST(Conversion, TakesWholeUnsignedNumbersOnly) {
 }
 
 TEST(Conversion, TakesWholeFiniteDecimalsOnly) {
-    const struct {
-        const char* text;
-        float value;
-    } kCases[] = {{"1", 1},      {"-0.5", -0.5F},   {"+.25", 0.25F}, {"2.", 2},
-                  {"1e3", 1000}, {"1.5E-1", 0.15F}, {"1e-99", 0.F},  {"16777217", 16777216.0F}};
-    for (const auto& c : kCases)
-        EXPECT_EQ(toFloat(c.text), c.value) << c.text;
+    const std::pair<const char*, float> kCases[] = {
+        {"1", 1},      {"-0.5", -0.5F},   {"+.25", 0.25F}, {"2.", 2},
+        {"1e3", 1000}, {"1.5E-1", 0.15F}, {"1e-99", 0.F},  {"16777217", 16777216.0F}};
+    for (const auto& [text, value] : kCases)
+        EXPECT_EQ(toFloat(text), value) << text;
     for (const char* text : {"", ".", "e1", "1e", "1e+", "nan", "inf", "1e39", "0x1p3", "1,5", "1 ",
                              " 1", "1.2.3", "--1"})
         EXPECT_EQ(complaintOf([&] { toFloat(text); }),
@@ -32,14 +30,12 @@ TEST(Conversion, TakesWholeFiniteDecimalsOnly) {
 }
 
 TEST(Conversion, WritesSixSignificantDigits) {
-    const struct {
-        float value;
-        const char* text;
-    } kCases[] = {{1, "1"},         {0.996078431373F, "0.996078"}, {0, "0"},
-                  {0.5F, "0.5"},    {1234567, "1.23457e+06"},      {1e-5F, "1e-05"},
-                  {-0.25F, "-0.25"}};
-    for (const auto& c : kCases)
-        EXPECT_EQ(toText(c.value), c.text);
+    const std::pair<float, const char*> kCases[] = {
+        {1, "1"},         {0.996078431373F, "0.996078"}, {0, "0"},
+        {0.5F, "0.5"},    {1234567, "1.23457e+06"},      {1e-5F, "1e-05"},
+        {-0.25F, "-0.25"}};
+    for (const auto& [value, text] : kCases)
+        EXPECT_EQ(toText(value), text);
 }
 
 std::string paragraphOf(const std::string& text, std::size_t column, std::size_t indent,
@@ -55,8 +51,7 @@ std::string paragraphOf(const std::string& text, std::size_t column, std::size_t
 TEST(TextWriter, WrapsAtBlanks) {
     const struct {
         const char* text;
-        std::size_t column;
-        std::size_t indent;
+        std::size_t column, indent;
         const char* written;
     } kCases[] = {
         {"aaa bbb ccc", 0, 0, "aaa bbb\nccc"},            // 10 characters fit, 11 do not

@@ -1,13 +1,10 @@
 #include "migration/CodecSelection.h"
-#include "core/CppInStream.h"
-#include "core/CppOutStream.h"
 #include "core/TypeName.h"
-#include "migration/ImageMetadata.h"
 #include "migration/NativeImporter.h"
 #include "tests/Complaint.h"
+#include "tests/migration/Fixture.h"
 
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace VORN::Migration {
 namespace {
@@ -26,57 +23,41 @@ std::string nameOf(const std::unique_ptr<Codec>& codec) {
 
 /// Metadata of a grey picture, with one more key.
 Metadata greyPicture(std::uint32_t width, std::uint32_t height, const std::string& type) {
-    ImageMetadata image;
-    image.width = width;
-    image.height = height;
-    image.channels = 1;
-    image.set("Type", type);
+    ImageMetadata image = described(width, height, 1, type, "INTENSITY");
     image.set("Comment", "mine");
-    Metadata texts;
-    texts.assign(image);
-    return texts;
+    return textsOf(image);
 }
 
 /// A file of the native format.
 std::string nativeFile(const Metadata& metadata, const std::string& samples) {
-    std::ostringstream file;
-    CppOutStream stream{file};
+    IncrementalBuffer file;
+    BufferStream stream{file};
     Serializer out{stream};
     metadata.serialize(out);
     out.put(samples); // the count and the bytes
-    return file.str();
+    return {file.data().begin(), file.data().end()};
 }
 
-const std::string kNativeFile =
-    nativeFile(greyPicture(2, 2, "8-bit unsigned little endian"), "abcd");
+const std::string kNativeFile = nativeFile(greyPicture(2, 2, kBytes), "abcd");
 
 std::string chosenFor(const std::string& fileName, const std::string& file) {
-    std::istringstream in{file};
-    CppInStream stream{in};
+    const Bytes content = bytesOf(file);
+    const BorrowConstBuffer bytes{content};
+    ConstBufferStream stream{bytes};
     const std::string name = nameOf(chooseImporter(fileName, stream));
     EXPECT_EQ(stream.tell(), 0U);
     return name;
 }
 
 TEST(CodecSelection, GoesByExtensionFirst) {
-    struct Case {
-        const char* fileName;
-        const char* importer;
-        const char* exporter;
+    const std::pair<const char*, std::string> kCases[] = {
+        {"a.pbm", "NetPBM"},     {"a.pgm", "NetPBM"},      {"a.ppm", "NetPBM"},
+        {"a.pam", "NetPBM"},     {"A.B.PnM", "NetPBM"},    {"PICTURE.PNG", "PNG"},
+        {"picture.Jpg", "JPEG"}, {"picture.JPEG", "JPEG"},
     };
-    constexpr Case kCases[] = {
-        {"a.pbm", "NetPBMImporter", "NetPBMExporter"},
-        {"a.pgm", "NetPBMImporter", "NetPBMExporter"},
-        {"a.ppm", "NetPBMImporter", "NetPBMExporter"},
-        {"a.pam", "NetPBMImporter", "NetPBMExporter"},
-        {"A.B.PnM", "NetPBMImporter", "NetPBMExporter"},
-        {"PICTURE.PNG", "PNGImporter", "PNGExporter"},
-        {"picture.Jpg", "JPEGImporter", ""},
-        {"picture.JPEG", "JPEGImporter", ""},
-    };
-    for (const Case& c : kCases) {
-        EXPECT_EQ(nameOf(chooseExporter(c.fileName)), c.exporter) << c.fileName;
-        EXPECT_EQ(chosenFor(c.fileName, kNativeFile), c.importer) << c.fileName;
+    for (const auto& [fileName, format] : kCases) {
+        EXPECT_EQ(chosenFor(fileName, kNativeFile), format + "Importer") << fileName;
+        EXPECT_EQ(nameOf(chooseExporter(fileName)), format == "JPEG" ? "" : format + "Exporter");
     }
     for (const char* fileName : {"a.gif", "pgm", "a.", "a.pgm/b", ""}) {
         EXPECT_EQ(nameOf(importerByExtension(fileName)), "") << fileName;
@@ -85,13 +66,9 @@ TEST(CodecSelection, GoesByExtensionFirst) {
 }
 
 TEST(CodecSelection, GoesByContentElse) {
-    struct Case {
-        std::string file;
-        const char* importer;
-    };
     std::string unordered = kNativeFile;
     unordered[20] = 'A'; // a key that stands after "Channels"
-    const Case kCases[] = {
+    const std::pair<std::string, const char*> kCases[] = {
         {kNativeFile, "NativeImporter"},
         {unordered, ""},
         {"\xFF\xFF\0\0"s + kNativeFile.substr(4), ""}, // too many keys
@@ -104,46 +81,33 @@ TEST(CodecSelection, GoesByContentElse) {
         {"\x07\0\0\0\xFF\xFF\xFF\xFF"s, ""},
         {"", ""},
     };
-    for (const Case& c : kCases)
-        EXPECT_EQ(chosenFor("picture.dat", c.file), c.importer) << c.file;
-}
-
-std::string importNative(const std::string& file) {
-    std::istringstream in{file};
-    CppInStream stream{in};
-    NativeImporter importer;
-    importer.setStream(&stream);
-    IncrementalBuffer buffer;
-    ImageMetadata metadata;
-    importer.importImage(buffer, metadata);
-    EXPECT_TRUE(metadata.has("Comment"));
-    return {buffer.data().begin(), buffer.data().end()};
+    for (const auto& [file, importer] : kCases)
+        EXPECT_EQ(chosenFor("picture.dat", file), importer) << file;
 }
 
 TEST(NativeImporter, ReadsItsFormatOrSaysWhyNot) {
     const Metadata wide = greyPicture(2, 1, "16-bit unsigned big endian");
     Metadata badWidth = wide;
     badWidth.set("Width", "two");
-    struct Case {
-        std::string file;
-        const char* complaint;
-    };
-    const Case kCases[] = {
+    const std::pair<std::string, const char*> kCases[] = {
         {nativeFile(wide, "abcd"), ""},
         {nativeFile(wide, "abc"), "native : Expected 4 sample bytes but 3 are stored. "},
-        {nativeFile(greyPicture(4294967295, 4294967295, "16-bit unsigned big endian"), "abc"),
-         "Failed to allocate picture. "},
-        {nativeFile(greyPicture(8, 1, "1-bit unsigned little endian"), ""),
-         "No support for non-byte-aligned pixels. "},
+        {nativeFile(wide, "abcde"), "native : Expected 4 sample bytes but 5 are stored. "},
+        {nativeFile(greyPicture(~0U, ~0U, kWords), "abc"), "Failed to allocate picture. "},
+        {nativeFile(greyPicture(8, 1, kBits), ""), "No support for non-byte-aligned pixels. "},
         {nativeFile(Metadata{}, "abcd"), "Could not find Channels in metadata. "},
         {nativeFile(badWidth, "abcd"), "Failed to convert \"two\" to unsigned int."},
     };
-    for (const Case& c : kCases)
-        EXPECT_EQ(complaintOf([&] { EXPECT_EQ(importNative(c.file), "abcd"); }), c.complaint);
-
+    const auto import = [](const std::string& file) {
+        const Picture picture = imported<NativeImporter>(bytesOf(file));
+        EXPECT_EQ(picture.samples, bytesOf("abcd"));
+        EXPECT_TRUE(picture.metadata.has("Comment"));
+    };
+    for (const auto& [file, complaint] : kCases)
+        EXPECT_EQ(complaintOf([&, &content = file] { import(content); }), complaint);
     for (std::size_t size = 0; size < kNativeFile.size(); ++size)
-        EXPECT_EQ(complaintOf([&] { importNative(kNativeFile.substr(0, size)); }),
-                  "Failed to read from input stream. ");
+        EXPECT_EQ(complaintOf([&] { import(kNativeFile.substr(0, size)); }),
+                  "Attempted to read over end of buffer. ");
 }
 
 } // namespace

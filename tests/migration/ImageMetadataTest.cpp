@@ -1,26 +1,14 @@
 #include "migration/ImageFormatDescriptor.h"
 #include "tests/Complaint.h"
+#include "tests/migration/Fixture.h"
 
 #include <gtest/gtest.h>
 
 namespace VORN::Migration {
 namespace {
 
-ImageMetadata metadataOf(std::uint32_t width, std::uint32_t channels, const std::string& type,
-                         std::uint32_t pixelAlignment, std::uint32_t lineAlignment) {
-    ImageMetadata metadata;
-    metadata.width = width;
-    metadata.height = 2;
-    metadata.channels = channels;
-    metadata.set("Type", type);
-    metadata.pixelAlignment = pixelAlignment;
-    metadata.lineAlignment = lineAlignment;
-    return metadata;
-}
-
 TEST(ImageMetadata, ServesItsKeysFromTheFields) {
-    ImageMetadata metadata = metadataOf(5, 3, "16-bit unsigned big endian", 0, 32);
-    metadata.set("Format", "BGRA");
+    ImageMetadata metadata = described(5, 2, 3, "16-bit unsigned big endian", "BGRA", 0, 32);
     metadata.set("Comment", "mine");
     EXPECT_EQ(metadata.get("Width"), "5");
     EXPECT_EQ(metadata.get("Type"), "16-bit unsigned big endian");
@@ -36,66 +24,56 @@ TEST(ImageMetadata, ServesItsKeysFromTheFields) {
 }
 
 TEST(SampleType, RefusesWhatIsNoType) {
-    struct Case {
-        const char* text;
-        const char* complaint;
+    const auto unparsed = [](const std::string& text, const std::string& choices) {
+        return "String \"" + text + "\" could not be parsed into \"" + choices + "\". ";
     };
-    constexpr Case kCases[] = {
+    const std::pair<const char*, std::string> kCases[] = {
         {"8-bit unsigned little endian", ""},
         {"1-bit boolean big endian", ""},
         {"32-bit two complement big endian", ""},
         {"8-bit custom little endian",
-         "String \"8-bit custom little endian\" could not be parsed into \"unsigned | two "
-         "complement | floating point | fixed point | boolean\". "},
+         unparsed("8-bit custom little endian",
+                  "unsigned | two complement | floating point | fixed point | boolean")},
         {"8-bit unsigned small endian",
-         "String \"8-bit unsigned small endian\" could not be parsed "
-         "into \"big endian | small endian\". "},
+         unparsed("8-bit unsigned small endian", "big endian | small endian")},
         {"x-bit unsigned big endian", "Failed to convert \"x\" to unsigned int."},
     };
-    for (const Case& c : kCases) {
+    for (const auto& [text, complaint] : kCases) {
         std::string again;
-        EXPECT_EQ(complaintOf([&] { again = toText(parseSampleType(c.text)); }), c.complaint);
-        EXPECT_EQ(again, *c.complaint == '\0' ? c.text : "");
+        EXPECT_EQ(complaintOf([&, &type = text] { again = toText(parseSampleType(type)); }),
+                  complaint);
+        EXPECT_EQ(again, complaint.empty() ? text : "");
     }
 }
 
 TEST(ImageFormatDescriptor, ComputesStrides) {
-    struct Case {
+    const std::string unaligned = "No support for non-byte-aligned pixels. ";
+    const struct {
         ImageMetadata metadata;
-        std::uint64_t pixelStride;
-        std::uint64_t lineStride;
-        const char* complaint;
-    };
-    const Case kCases[] = {
-        {metadataOf(5, 3, "8-bit unsigned little endian", 0, 32), 3, 16, ""},
-        {metadataOf(5, 1, "1-bit boolean big endian", 8, 0), 1, 5, ""},
-        {metadataOf(5, 1, "1-bit boolean big endian", 4, 0), 0, 0,
-         "No support for non-byte-aligned pixels. "},
-        {metadataOf(5, 1, "1-bit unsigned little endian", 0, 0), 0, 0, ""},
-        {metadataOf(4294967295, 65536, "4294967295-bit unsigned little endian", 0, 0), 0, 0,
+        std::string stridesOrComplaint;
+    } kCases[] = {
+        {described(5, 2, 3, kBytes, "RGBA", 0, 32), "3 16"},
+        {described(5, 2, 1, "1-bit boolean big endian", "RGBA", 8), "1 5"},
+        {described(5, 2, 1, "1-bit boolean big endian", "RGBA", 4), unaligned},
+        {described(5, 2, 1, kBits), "0 0"},
+        {described(4, 2, 1, kBytes, "RGBA", 8, 32), "1 4"}, // aligned as it is
+        {described(~0U, 2, 65536, "4294967295-bit unsigned little endian"),
          "Failed to allocate picture. "},
-        {metadataOf(1, 4294967295, "8-bit unsigned little endian", 0, 0), 0, 0,
-         "Value (4294967295) out of bound (65536). "},
+        {described(1, 2, ~0U), "Value (4294967295) out of bound (65536). "},
     };
-    for (const Case& c : kCases) {
-        SCOPED_TRACE(c.metadata.get("Type"));
-        Metadata texts;
-        texts.assign(c.metadata);
-        for (const Metadata* metadata :
-             {static_cast<const Metadata*>(&c.metadata), static_cast<const Metadata*>(&texts)})
-            EXPECT_EQ(complaintOf([&] {
-                          const ImageFormatDescriptor descriptor{*metadata};
-                          EXPECT_EQ(descriptor.pixelStride, c.pixelStride);
-                          EXPECT_EQ(descriptor.lineStride, c.lineStride);
-                      }),
-                      c.complaint);
+    for (const auto& c : kCases) {
+        const Metadata texts = textsOf(c.metadata);
+        for (const Metadata* metadata : {static_cast<const Metadata*>(&c.metadata), &texts}) {
+            std::string strides;
+            strides += complaintOf([&] {
+                const ImageFormatDescriptor format{*metadata};
+                strides =
+                    std::to_string(format.pixelStride) + ' ' + std::to_string(format.lineStride);
+            });
+            EXPECT_EQ(strides, c.stridesOrComplaint);
+        }
     }
-}
-
-TEST(ImageFormatDescriptor, SwapsTheChannelsOfBgra) {
-    ImageMetadata metadata = metadataOf(1, 4, "8-bit unsigned little endian", 0, 0);
-    metadata.format = ImageMetadata::Format::Bgra;
-    EXPECT_EQ(ImageFormatDescriptor{metadata}.channelOffsets,
+    EXPECT_EQ((ImageFormatDescriptor{described(1, 2, 4, kBytes, "BGRA")}.channelOffsets),
               (std::vector<std::uint32_t>{2, 1, 0, 3}));
 }
 

@@ -1,6 +1,6 @@
 #include "migration/ImageSignal.h"
-#include "migration/ImageMetadata.h"
 #include "tests/Complaint.h"
+#include "tests/migration/Fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace {
 /// Hands out a picture that is already there.
 class ReadyImporter : public DataImporter {
 public:
-    ReadyImporter(const ImageMetadata& metadata, std::vector<std::uint8_t> bytes)
+    ReadyImporter(const ImageMetadata& metadata, Bytes bytes)
         : metadata_{metadata}, bytes_{std::move(bytes)} {}
     void importImage(DynamicBuffer& buffer, Metadata& metadata) override {
         metadata.assign(metadata_);
@@ -20,80 +20,61 @@ public:
 
 private:
     ImageMetadata metadata_;
-    std::vector<std::uint8_t> bytes_;
+    Bytes bytes_;
 };
 
-ImageMetadata described(std::uint32_t width, std::uint32_t channels, const char* type,
-                        const char* format, const char* lineAlignment) {
-    ImageMetadata metadata;
-    metadata.width = width;
-    metadata.height = 2;
-    metadata.channels = channels;
-    metadata.set("Type", type);
-    metadata.set("Format", format);
-    metadata.set("Line alignment", lineAlignment);
-    return metadata;
-}
-
 TEST(ImageSignal, LeavesRedGreenAndBlueBytes) {
-    const char* const kBytes = "8-bit unsigned little endian";
-    const char* const kWords = "16-bit unsigned little endian";
+    const Bytes kColors{1, 2, 3, 4, 5, 6};
+    const Bytes kGreys{1, 1, 1, 2, 2, 2, 3, 3, 3, 4, 4, 4};
+    const char* const kGrey = "INTENSITY";
     const struct {
         ImageMetadata metadata;
-        std::vector<std::uint8_t> bytes; // as imported
-        std::vector<std::uint8_t> rgb;   // what remains
+        Bytes bytes; // as imported
+        Bytes rgb;   // what remains
     } kCases[] = {
-        {described(1, 3, kBytes, "RGBA", "0"), {1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}},
-        {described(1, 3, kBytes, "BGRA", "0"), {1, 2, 3, 4, 5, 6}, {3, 2, 1, 6, 5, 4}},
-        {described(1, 4, kBytes, "RGBA", "0"), {1, 2, 3, 9, 4, 5, 6, 9}, {1, 2, 3, 4, 5, 6}},
-        {described(1, 3, kBytes, "RGBA", "32"), {1, 2, 3, 0, 4, 5, 6, 0}, {1, 2, 3, 4, 5, 6}},
-        {described(2, 1, kBytes, "INTENSITY", "0"),
-         {1, 2, 3, 4},
-         {1, 1, 1, 2, 2, 2, 3, 3, 3, 4, 4, 4}},
-        {described(2, 1, kBytes, "INTENSITY", "64"),
+        {described(1, 2, 3), {1, 2, 3, 4, 5, 6}, kColors},
+        {described(1, 2, 3, kBytes, "BGRA"), {3, 2, 1, 6, 5, 4}, kColors},
+        {described(1, 2, 4), {1, 2, 3, 9, 4, 5, 6, 9}, kColors},
+        {described(1, 2, 3, kBytes, "RGBA", 0, 32), {1, 2, 3, 0, 4, 5, 6, 0}, kColors},
+        {described(2, 2, 1, kBytes, kGrey), {1, 2, 3, 4}, kGreys},
+        {described(2, 2, 1, kBytes, kGrey, 0, 64),
          {1, 2, 0, 0, 0, 0, 0, 0, 3, 4, 0, 0, 0, 0, 0, 0},
-         {1, 1, 1, 2, 2, 2, 3, 3, 3, 4, 4, 4}},
-        {described(2, 2, kBytes, "INTENSITY", "0"),
-         {1, 9, 2, 9, 3, 9, 4, 9},
-         {1, 1, 1, 2, 2, 2, 3, 3, 3, 4, 4, 4}},
+         kGreys},
+        {described(2, 2, 2, kBytes, kGrey), {1, 9, 2, 9, 3, 9, 4, 9}, kGreys},
         // The first byte of two is the most significant, whatever the metadata says.
-        {described(1, 1, kWords, "INTENSITY", "0"), {1, 9, 2, 9}, {1, 1, 1, 2, 2, 2}},
-        {described(1, 3, kWords, "RGBA", "0"),
-         {1, 9, 2, 9, 3, 9, 4, 9, 5, 9, 6, 9},
-         {1, 2, 3, 4, 5, 6}},
-        {described(1, 4, kWords, "RGBA", "0"),
-         {1, 9, 2, 9, 3, 9, 7, 7, 4, 9, 5, 9, 6, 9, 7, 7},
-         {1, 2, 3, 4, 5, 6}},
-        {described(2, 1, "1-bit unsigned little endian", "INTENSITY", "0"),
-         {1, 0, 0, 1},
-         {255, 255, 255, 0, 0, 0, 0, 0, 0, 255, 255, 255}},
-        {described(0, 3, kBytes, "RGBA", "0"), {}, {}},
+        {described(1, 2, 1, kWords, kGrey), {1, 9, 2, 9}, {1, 1, 1, 2, 2, 2}},
+        {described(1, 2, 3, kWords), {1, 9, 2, 9, 3, 9, 4, 9, 5, 9, 6, 9}, kColors},
+        {described(1, 2, 4, kWords), {1, 9, 2, 9, 3, 9, 7, 7, 4, 9, 5, 9, 6, 9, 7, 7}, kColors},
+        {described(2, 1, 1, kBits, kGrey), {1, 0}, {255, 255, 255, 0, 0, 0}},
+        {described(0, 2, 3), {}, {}},
     };
     for (const auto& c : kCases) {
         ReadyImporter importer{c.metadata, c.bytes};
         ImageSignal<unsigned char> picture;
         picture.importImage(importer);
-        EXPECT_EQ(picture.size(), (Tuple<3, unsigned>{3U, c.metadata.width, 2U}));
+        EXPECT_EQ(picture.size(), (Tuple<3, unsigned>{3U, c.metadata.width, c.metadata.height}));
         EXPECT_TRUE(std::ranges::equal(picture.samples(), c.rgb));
     }
 }
 
 TEST(ImageSignal, RefusesOtherSamples) {
-    const auto complaint = [](const ImageMetadata& metadata, std::size_t bytes) {
-        return complaintOf([&] {
-            ReadyImporter importer{metadata, std::vector<std::uint8_t>(bytes)};
-            ImageSignal<unsigned char>{}.importImage(importer);
-        });
+    const struct {
+        ImageMetadata metadata;
+        std::size_t bytes;
+        const char* complaint;
+    } kCases[] = {
+        {described(1, 2, 3, "32-bit floating point big endian"), 24,
+         "No support for pictures of 32-bit floating point big endian samples. "},
+        {described(1, 2, 0), 24, "No support for pictures without channels. "},
+        {described(2, 2, 3), 11, "More space requested (12) than what is available (11). "},
+        {described(1, 2, 3, kBits, "RGBA", 8), 6,
+         "No support for pictures with samples of a part of a byte. "},
     };
-    EXPECT_EQ(complaint(described(1, 3, "32-bit floating point big endian", "RGBA", "0"), 24),
-              "No support for pictures of 32-bit floating point big endian samples. ");
-    EXPECT_EQ(complaint(described(1, 0, "8-bit unsigned big endian", "RGBA", "0"), 24),
-              "No support for pictures without channels. ");
-    EXPECT_EQ(complaint(described(2, 3, "8-bit unsigned big endian", "RGBA", "0"), 11),
-              "More space requested (12) than what is available (11). ");
-    ImageMetadata partial = described(1, 3, "1-bit unsigned big endian", "RGBA", "0");
-    partial.pixelAlignment = 8;
-    EXPECT_EQ(complaint(partial, 6), "No support for pictures with samples of a part of a byte. ");
+    for (const auto& c : kCases) {
+        ReadyImporter importer{c.metadata, Bytes(c.bytes)};
+        EXPECT_EQ(complaintOf([&] { ImageSignal<unsigned char>{}.importImage(importer); }),
+                  c.complaint);
+    }
 }
 
 } // namespace

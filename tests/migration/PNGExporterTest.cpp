@@ -1,5 +1,4 @@
 #include "migration/PNGExporter.h"
-#include "core/BufferStream.h"
 #include "migration/PNGImporter.h"
 #include "tests/Complaint.h"
 #include "tests/migration/Fixture.h"
@@ -9,101 +8,67 @@
 namespace VORN::Migration {
 namespace {
 
-ImageMetadata metadataOf(std::uint32_t width, std::uint32_t height, std::uint32_t channels,
-                         ImageMetadata::Format format, std::uint32_t bits = 8) {
-    ImageMetadata metadata;
-    metadata.width = width;
-    metadata.height = height;
-    metadata.channels = channels;
-    metadata.format = format;
-    metadata.type.bits = bits;
-    return metadata;
-}
-
-/// Writes the picture to `file`, whatever comes of it.
-void exportTo(IncrementalBuffer& file, const Bytes& picture, const Metadata& metadata) {
-    BufferStream stream{file};
-    PNGExporter exporter;
-    exporter.setStream(&stream);
-    exporter.exportImage(BorrowConstBuffer{picture}, metadata);
-}
-
-constexpr auto kIntensity = ImageMetadata::Format::Intensity;
-constexpr auto kRgba = ImageMetadata::Format::Rgba;
-constexpr auto kBgra = ImageMetadata::Format::Bgra;
+constexpr const char* kGrey = "INTENSITY";
 
 TEST(PNGExporter, WritesTheFileByteForByte) {
     IncrementalBuffer file;
-    exportTo(file, {1, 2, 3, 4, 5, 6}, metadataOf(3, 2, 1, kIntensity));
-    const Bytes expected = fixture("png/stored-3x2.png");
-    EXPECT_EQ((Bytes{file.data().begin(), file.data().end()}), expected);
+    exportTo<PNGExporter>(file, {1, 2, 3, 4, 5, 6}, described(3, 2, 1, kBytes, kGrey));
+    EXPECT_EQ(bytesOf(file), fixture("png/stored-3x2.png"));
 }
 
 TEST(PNGExporter, WritesWhatTheImporterReads) {
-    struct Case {
-        ImageMetadata metadata;
-        std::uint8_t colorType;
+    const std::pair<ImageMetadata, std::uint8_t> kCases[] = {
+        {described(70001, 3, 1, kBytes, kGrey), 0},
+        {described(5, 7, 1, kWords, kGrey), 0},
+        {described(300, 300, 3), 2},
+        {described(5, 7, 3, kWords), 2},
+        {described(5, 7, 4), 6},
+        {described(0, 7, 3), 2},
     };
-    const Case kCases[] = {
-        {metadataOf(70001, 3, 1, kIntensity), 0}, {metadataOf(5, 7, 1, kIntensity, 16), 0},
-        {metadataOf(300, 300, 3, kRgba), 2},      {metadataOf(5, 7, 3, kRgba, 16), 2},
-        {metadataOf(5, 7, 4, kRgba), 6},          {metadataOf(0, 7, 3, kRgba), 2},
-    };
-    for (const Case& c : kCases) {
-        SCOPED_TRACE(testing::Message() << c.metadata.width << " x " << c.metadata.height);
-        Bytes picture(std::size_t{c.metadata.width} * c.metadata.height * c.metadata.channels *
-                      c.metadata.type.bits / 8);
-        for (std::size_t i = 0; i < picture.size(); ++i)
-            picture[i] = static_cast<std::uint8_t>(i * i >> 5);
-        Metadata texts;
-        texts.assign(c.metadata);
+    for (const auto& [metadata, colorType] : kCases) {
+        SCOPED_TRACE(testing::Message() << metadata.width << " x " << metadata.height);
+        Bytes samples(std::size_t{metadata.width} * metadata.height * metadata.channels *
+                      metadata.type.bits / 8);
+        for (std::size_t i = 0; i < samples.size(); ++i)
+            samples[i] = static_cast<std::uint8_t>(i * i >> 5);
         IncrementalBuffer file;
-        exportTo(file, picture, texts);
-        EXPECT_EQ(file.data()[25], c.colorType);
-
-        ConstBufferStream stream{file};
-        PNGImporter importer;
-        importer.setStream(&stream);
-        IncrementalBuffer again;
-        ImageMetadata metadata;
-        importer.importImage(again, metadata);
-        EXPECT_EQ((Bytes{again.data().begin(), again.data().end()}), picture);
-        EXPECT_EQ(metadata.width, c.metadata.width);
-        EXPECT_EQ(metadata.height, c.metadata.height);
+        exportTo<PNGExporter>(file, samples, textsOf(metadata));
+        EXPECT_EQ(file.data()[25], colorType);
+        const Picture again = imported<PNGImporter>(file.data());
+        EXPECT_EQ(again.samples, samples);
+        EXPECT_EQ(again.metadata.width, metadata.width);
+        EXPECT_EQ(again.metadata.height, metadata.height);
     }
 }
 
 TEST(PNGExporter, SaysWhatItCannotWrite) {
-    ImageMetadata lineAligned = metadataOf(4, 1, 4, kRgba);
-    lineAligned.lineAlignment = 32;
-    ImageMetadata pixelAligned = metadataOf(4, 1, 4, kRgba);
-    pixelAligned.pixelAlignment = 8;
-    struct Case {
-        ImageMetadata metadata;
-        const char* complaint;
+    const std::string depth = "No support for combination of bith depth and color type. ";
+    const auto withBits = [](ImageMetadata metadata, std::uint32_t bits) {
+        metadata.type.bits = bits;
+        return metadata;
     };
-    const Case kCases[] = {
-        {lineAligned, "No support for non-zero image line alignment. "},
-        {pixelAligned, "No support for non-zero image pixel alignment. "},
-        {metadataOf(1, 1, 3, kBgra), "No support for BGRA. "},
-        {metadataOf(1, 1, 2, kRgba), "No support for RGBA with 2 channels. "},
-        {metadataOf(1, 1, 1, kRgba), "No support for RGBA with 1 channels. "},
-        {metadataOf(1, 1, 2, kIntensity), "No support for INTENSITY with 2 channels. "},
-        {metadataOf(1, 1, 1, kIntensity, 3),
-         "No support for combination of bith depth and color type. "},
-        {metadataOf(1, 1, 3, kRgba, 3), ""},
-        {metadataOf(1, 1, 3, kRgba, 256),
-         "No support for combination of bith depth and color type. "},
-        {metadataOf(3, 2, 3, kRgba), "More space requested (18) than what is available (16). "},
-        {metadataOf(0x10000, 0x10000, 1, kIntensity),
+    const std::pair<ImageMetadata, std::string> kCases[] = {
+        {described(4, 1, 4, kBytes, "RGBA", 0, 32),
+         "No support for non-zero image line alignment. "},
+        {described(4, 1, 4, kBytes, "RGBA", 8), "No support for non-zero image pixel alignment. "},
+        {described(1, 1, 3, kBytes, "BGRA"), "No support for BGRA. "},
+        {described(1, 1, 2), "No support for RGBA with 2 channels. "},
+        {described(1, 1, 1), "No support for RGBA with 1 channels. "},
+        {described(1, 1, 2, kBytes, kGrey), "No support for INTENSITY with 2 channels. "},
+        {withBits(described(1, 1, 1, kBytes, kGrey), 3), depth},
+        {withBits(described(1, 1, 3), 3), ""},
+        {withBits(described(1, 1, 3), 256), depth},
+        {described(3, 2, 3), "More space requested (18) than what is available (16). "},
+        {described(0x10000, 0x10000, 1, kBytes, kGrey),
          "Value (4295032832) out of bound (4294967295). "},
-        {metadataOf(0xFFFFFFFF, 0xFFFFFFFF, 4, kRgba, 255),
-         "Value (547608330113) out of bound (4294967295). "},
+        {withBits(described(~0U, ~0U, 4), 255), "Value (547608330113) out of bound (4294967295). "},
     };
-    for (const Case& c : kCases) {
+    for (const auto& [metadata, complaint] : kCases) {
         IncrementalBuffer file;
-        EXPECT_EQ(complaintOf([&] { exportTo(file, Bytes(16), c.metadata); }), c.complaint);
-        EXPECT_EQ(file.size() == 8, *c.complaint != '\0'); // the signature alone
+        EXPECT_EQ(
+            complaintOf([&, &texts = metadata] { exportTo<PNGExporter>(file, Bytes(16), texts); }),
+            complaint);
+        EXPECT_EQ(file.size() == 8, !complaint.empty()); // the signature alone
     }
     EXPECT_EQ(
         complaintOf([] { PNGExporter{}.exportImage(BorrowConstBuffer{{}}, ImageMetadata{}); }),

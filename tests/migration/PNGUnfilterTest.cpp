@@ -1,15 +1,13 @@
 #include "migration/PNGUnfilter.h"
+#include "tests/migration/Fixture.h"
 
 #include <array>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
-#include <vector>
 
 namespace VORN::Migration::PNG {
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
 
 /// As PNG, clause 9.4, words it.
 int paeth(int a, int b, int c) {

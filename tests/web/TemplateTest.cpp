@@ -8,11 +8,7 @@ namespace {
 
 TEST(ReplaceComponent, PutsValuesInThePlaceOfNames) {
     const Values values{{"A", "1"}, {"nested", "$(A)$$"}, {"", "blank"}, {"a $$ b", "odd"}};
-    struct Case {
-        const char* text;
-        const char* rendered;
-    };
-    constexpr Case kCases[] = {
+    constexpr std::pair<const char*, const char*> kCases[] = {
         {"", ""},
         {"no placeholder\r\n", "no placeholder\r\n"},
         {"x=$(A),y=$(B)", "x=1,y="},
@@ -25,12 +21,12 @@ TEST(ReplaceComponent, PutsValuesInThePlaceOfNames) {
         {"$(A) $(A $$ ", "1 $(A $ "},
         {"$($(A)", ""}, // the name is "$(A"
     };
-    for (const Case& c : kCases) {
-        const ReplaceComponent component{c.text};
+    for (const auto& [text, rendered] : kCases) {
+        const ReplaceComponent component{text};
         for (int time = 0; time < 2; ++time) {
             std::string output = "before ";
             component.render(output, values);
-            EXPECT_EQ(output, std::string{"before "} + c.rendered) << c.text;
+            EXPECT_EQ(output, std::string{"before "} + rendered) << text;
         }
     }
 }

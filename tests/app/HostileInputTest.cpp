@@ -255,52 +255,5 @@ TEST(HostileInput, NetPbmClaimsMuch) {
     }
 }
 
-TEST(HostileInput, OptionsMayHaveAnyValue) {
-    const std::string palette = makeFile("palette.txt", "a 1 0 0\nb 0 1 0\n");
-    const std::string pattern = makeFile("pattern.txt", "ab\n..\n");
-    const std::string picture = makeFile("picture.ppm", "P6\n2 1\n255\nABCDEF");
-    const std::string out = temporaryFile("out.png");
-    const std::vector<std::string> convert{picture, palette, out};
-    const std::vector<std::string> draw{palette, pattern, out};
-    struct Options {
-        std::vector<std::string> options;
-        const std::vector<std::string>& files;
-        int status;
-    };
-    const Options kOptions[] = {
-        {{"picture", "--crop", "4294967295", "4294967295", "4294967295", "4294967295"}, convert, 1},
-        {{"picture", "--crop", "0", "0", "0", "4294967295"}, convert, 1},
-        {{"picture", "--crop", "2", "1", "0", "0"}, convert, 0},
-        {{"picture", "--hsv-weights", "3e38", "-3e38", "1e-45"}, convert, 0},
-        {{"picture", "--transparent-color", "3e38", "-3e38", "1e-45"}, convert, 0},
-        {{"picture", "--transparent-color", "0", "0", "0", "--transparent-threshold", "3e38"},
-         convert,
-         0},
-        {{"picture", "--transparent-color", "0", "0", "0", "--transparent-threshold", "-3e38"},
-         convert,
-         0},
-        {{"picture", "--transparent-position", "4294967295", "4294967295"}, convert, 1},
-        {{"picture", "--pegboard", "square", "4294967295"}, convert, 1},
-        {{"picture", "--pegboard", "hex", "4294967295"}, convert, 1},
-        {{"picture", "--pegboard", "circle", "4294967295"}, convert, 1},
-        {{"picture", "--pegboard", "circle", "0"}, convert, 0},
-        {{"show", "-s", "3e38"}, draw, 1},
-        {{"show", "-s", "1e30"}, draw, 1},
-        {{"show", "-s", "1e9"}, draw, 1},
-        {{"show", "-s", "1e-45"}, draw, 0},
-        {{"show", "-s", "-1"}, draw, 1},
-        {{"show", "--background", "3e38", "-3e38", "1e-45"}, draw, 0},
-    };
-    for (const Options& c : kOptions) {
-        std::vector<std::string> arguments = c.options;
-        arguments.insert(arguments.end(), c.files.begin(), c.files.end());
-        SCOPED_TRACE(testing::PrintToString(arguments));
-        const ChildRun run = runChild(arguments);
-        EXPECT_EQ(run.status, c.status);
-        EXPECT_EQ(run.err.empty(), c.status == 0) << run.err;
-        EXPECT_LE(std::ranges::count(run.err, '\n'), 1) << run.err;
-    }
-}
-
 } // namespace
 } // namespace VORN

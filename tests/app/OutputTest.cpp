@@ -85,51 +85,5 @@ TEST(Output, LeavesFilesThatCannotBeWrittenAlone) {
     fs::permissions(kept, fs::perms{0644});
 }
 
-TEST(Output, LeavesFilesAloneWhereTheRunFailsBeforeItWrites) {
-    const std::string palette = makeFile("palette.txt", kPalette);
-    const std::string pattern = makeFile("pattern.txt", kPattern);
-    const std::string picture = makeFile("picture.ppm", kPicture);
-    const std::string bad = makeFile("bad.ppm", "P6\n2 2\n255\nABC");
-    const std::string kept = makeFile("kept.png", "kept");
-    const std::vector<std::string> kCases[] = {
-        {"palette", bad, kept},
-        {"palette", "nowhere", kept},
-        {"picture", bad, palette, kept},
-        {"picture", picture, bad, kept},
-        {"picture", "--crop", "1", "0", "2", "1", picture, palette, kept},
-        {"picture", "--crop-transparent", picture, palette, kept},
-        {"picture", "--pegboard", "square", "4294967295", picture, palette, kept},
-        {"create", "square", "4294967295", "-o", kept},
-        {"create", "square", "2", "--reshape", "nowhere", "-o", kept},
-        {"create", "square", "2", "--fill", "", "-o", kept},
-        {"pack", "-o", kept, "square", "1", palette, pattern},
-        {"show", "-s", "1e30", palette, pattern, kept},
-        {"show", "-s", "0", palette, pattern, kept},
-        {"show", palette, bad, "kept.jpg"},
-    };
-    for (const auto& arguments : kCases) {
-        SCOPED_TRACE(testing::PrintToString(arguments));
-        const ChildRun run = runChild(arguments);
-        EXPECT_EQ(run.status, 1);
-        EXPECT_FALSE(run.err.empty());
-        EXPECT_EQ(contentOf(kept), "kept");
-    }
-}
-
-TEST(Output, MayReplaceAnInput) {
-    const std::string palette = makeFile("palette.txt", kPalette);
-    const std::string pattern = makeFile("pattern.txt", kPattern);
-    const std::string asPalette = makeFile("a.ppm", kPicture);
-    const std::string asPattern = makeFile("b.ppm", "P6\n2 1\n255\n\xFF\0\0\0\xFF\0"s);
-    EXPECT_EQ(runChild({"palette", asPalette, asPalette}).status, 0);
-    EXPECT_EQ(contentOf(asPalette), "0 0.254902 0.258824 0.262745\n1 0.266667 0.270588 0.27451\n");
-    EXPECT_EQ(runChild({"picture", asPattern, palette, asPattern}).status, 0);
-    EXPECT_EQ(contentOf(asPattern), "square\n\nab\n\n");
-    EXPECT_EQ(runChild({"create", "square", "3", "--reshape", pattern, "-o", pattern}).status, 0);
-    EXPECT_EQ(contentOf(pattern).size(), std::string{"square\n\n...\n...\n...\n\n"}.size());
-    EXPECT_EQ(runChild({"pack", "-o", asPattern, "square", "2", palette, asPattern}).status, 1);
-    EXPECT_EQ(contentOf(asPattern), "square\n\nab\n\n");
-}
-
 } // namespace
 } // namespace VORN

@@ -115,8 +115,8 @@ TEST_P(Transcript, IsWhatTheProgramDoes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Subcommands, Transcript,
-                         testing::Values("create", "instruction", "pack", "palette", "picture",
-                                         "program", "show"));
+                         testing::Values("create", "instruction", "limits", "pack", "palette",
+                                         "picture", "program", "show"));
 
 } // namespace
 } // namespace VORN

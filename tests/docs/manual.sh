@@ -45,4 +45,4 @@ plain | awk '
     /^\.EX/ { inside = 1; text = ""; needs = ""; next }
     /^\.EE/ { inside = 0; print "```sh" needs "\n" text "```" }
     inside { text = text $0 "\n"; if (/^pdflatex/) needs = " needs: pdflatex" }' >"$folder/examples.md"
-"$here/runDocument.sh" "$program" "$folder/examples.md"
+"$here/../../scripts/run-document" "$program" "$folder/examples.md"

@@ -7,17 +7,17 @@ using namespace VORN::Fuzz;
 using namespace VORN::Migration;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const Import import = importPicture<JPEGImporter>({data, size});
-    if (!import.complaint.empty())
+    const Import found = importPicture<JPEGImporter>({data, size});
+    if (!found.complaint.empty())
         return 0;
-    requireWholePicture(import);
+    requireWholePicture(found);
     // Samples that were never written would differ in a second run.
     const Import again = importPicture<JPEGImporter>({data, size});
-    require(again.complaint.empty() && again.picture == import.picture,
+    require(again.complaint.empty() && again.picture == found.picture,
             "a file always gives the same picture");
     Bytes map;
-    require(exportPicture<NetPBMExporter>(import, map).empty(), "the picture can be written");
-    require(importPicture<NetPBMImporter>(map).picture == import.picture,
+    require(exportPicture<NetPBMExporter>(found, map).empty(), "the picture can be written");
+    require(importPicture<NetPBMImporter>(map).picture == found.picture,
             "the map has the samples of the picture");
     return 0;
 }

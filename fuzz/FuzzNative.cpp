@@ -10,12 +10,12 @@ using namespace VORN::Migration;
 
 namespace {
 
-Bytes fileOf(const Import& import) {
+Bytes fileOf(const Import& found) {
     return written([&](WriteStream& stream) {
         Serializer out{stream};
-        import.metadata.serialize(out);
-        out.put(static_cast<std::uint32_t>(import.picture.size()));
-        stream.write(import.picture);
+        found.metadata.serialize(out);
+        out.put(static_cast<std::uint32_t>(found.picture.size()));
+        stream.write(found.picture);
     });
 }
 
@@ -39,10 +39,10 @@ void readAsPicture(std::span<const std::uint8_t> file) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     readAsPicture({data, size});
-    const Import import = importPicture<NativeImporter>({data, size});
-    if (!import.complaint.empty())
+    const Import found = importPicture<NativeImporter>({data, size});
+    if (!found.complaint.empty())
         return 0;
-    requireWholePicture(import);
-    requireSame<NativeImporter>(import, fileOf(import));
+    requireWholePicture(found);
+    requireSame<NativeImporter>(found, fileOf(found));
     return 0;
 }

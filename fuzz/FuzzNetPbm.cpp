@@ -6,17 +6,16 @@ using namespace VORN::Fuzz;
 using namespace VORN::Migration;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const Import import = importPicture<NetPBMImporter>({data, size});
-    if (!import.complaint.empty())
+    const Import found = importPicture<NetPBMImporter>({data, size});
+    if (!found.complaint.empty())
         return 0;
-    if (import.metadata.type.bits == 1)
-        require(import.picture.size() ==
-                    std::uint64_t{import.metadata.width} * import.metadata.height,
+    if (found.metadata.type.bits == 1)
+        require(found.picture.size() == std::uint64_t{found.metadata.width} * found.metadata.height,
                 "a bitmap takes one byte per pixel");
     else
-        requireWholePicture(import);
+        requireWholePicture(found);
     Bytes again;
-    require(exportPicture<NetPBMExporter>(import, again).empty(), "what was read can be written");
-    requireSame<NetPBMImporter>(import, again);
+    require(exportPicture<NetPBMExporter>(found, again).empty(), "what was read can be written");
+    requireSame<NetPBMImporter>(found, again);
     return 0;
 }

@@ -82,13 +82,13 @@ Bytes repaired(Bytes file) {
 }
 
 void run(std::span<const std::uint8_t> file) {
-    const Import import = importPicture<PNGImporter>(file);
-    if (!import.complaint.empty())
+    const Import found = importPicture<PNGImporter>(file);
+    if (!found.complaint.empty())
         return;
-    requireWholePicture(import);
+    requireWholePicture(found);
     Bytes again;
-    if (exportPicture<PNGExporter>(import, again).empty() && !import.picture.empty())
-        requireSame<PNGImporter>(import, again);
+    if (exportPicture<PNGExporter>(found, again).empty() && !found.picture.empty())
+        requireSame<PNGImporter>(found, again);
 }
 
 } // namespace

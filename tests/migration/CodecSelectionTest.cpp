@@ -98,15 +98,15 @@ TEST(NativeImporter, ReadsItsFormatOrSaysWhyNot) {
         {nativeFile(Metadata{}, "abcd"), "Could not find Channels in metadata. "},
         {nativeFile(badWidth, "abcd"), "Failed to convert \"two\" to unsigned int."},
     };
-    const auto import = [](const std::string& file) {
+    const auto check = [](const std::string& file) {
         const Picture picture = imported<NativeImporter>(bytesOf(file));
         EXPECT_EQ(picture.samples, bytesOf("abcd"));
         EXPECT_TRUE(picture.metadata.has("Comment"));
     };
     for (const auto& [file, complaint] : kCases)
-        EXPECT_EQ(complaintOf([&, &content = file] { import(content); }), complaint);
+        EXPECT_EQ(complaintOf([&, &content = file] { check(content); }), complaint);
     for (std::size_t size = 0; size < kNativeFile.size(); ++size)
-        EXPECT_EQ(complaintOf([&] { import(kNativeFile.substr(0, size)); }),
+        EXPECT_EQ(complaintOf([&] { check(kNativeFile.substr(0, size)); }),
                   "Attempted to read over end of buffer. ");
 }
 

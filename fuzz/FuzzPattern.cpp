@@ -5,6 +5,7 @@
 #include "beads/Pattern.h"
 #include "fuzz/FuzzedArtwork.h"
 #include "migration/ImageSignal.h"
+#include "tests/beads/PlainNearestBead.h"
 
 #include <iostream>
 
@@ -14,21 +15,6 @@ using namespace VORN::Fuzz;
 namespace {
 
 constexpr std::size_t kLargestLayer = 2000; // characters; what is slow is done up to there
-
-/// Only the walk over all beads, which is obvious, is a twin of the search.
-std::optional<std::size_t> nearestByWalk(const BeadGeometry& geometry, std::size_t length,
-                                         const Point<2, float>& point) {
-    std::optional<std::size_t> best;
-    float distance = 0.0F;
-    forEachBead(geometry, length, [&](std::size_t i) {
-        const float here = squaredDistance(geometry.position(i), point);
-        if (best && !(here < distance))
-            return;
-        best = i;
-        distance = here;
-    });
-    return best;
-}
 
 void findBeads(PatternStyle style, const Pattern::Layer& layer) {
     const BeadGeometry geometry{style, layer.size};

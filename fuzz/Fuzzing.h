@@ -1,12 +1,11 @@
 #pragma once
 
 #include "core/BufferStream.h"
-#include "core/Exception.h"
+#include "tests/Complaint.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <span>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -20,21 +19,6 @@ inline void require(bool holds, const char* what) {
         return;
     std::fprintf(stderr, "Does not hold: %s\n", what);
     std::abort();
-}
-
-/// The message of what `action` throws, or "" when it succeeds. Anything that is not of the
-/// program's own family of exceptions ends the process.
-template <class Action>
-std::string complaintOf(Action action) {
-    try {
-        action();
-    } catch (const Exception& failure) {
-        std::ostringstream text;
-        failure.write(text);
-        require(!text.str().empty(), "a failure has a message");
-        return text.str();
-    }
-    return "";
 }
 
 inline Bytes bytesOf(const Buffer& buffer) { return {buffer.data().begin(), buffer.data().end()}; }

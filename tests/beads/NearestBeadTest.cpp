@@ -1,4 +1,5 @@
 #include "beads/NearestBead.h"
+#include "tests/beads/PlainNearestBead.h"
 
 #include <gtest/gtest.h>
 
@@ -6,20 +7,6 @@
 
 namespace VORN {
 namespace {
-
-std::optional<std::size_t> nearestByWalk(const BeadGeometry& geometry, std::size_t length,
-                                         const Point<2, float>& point) {
-    std::optional<std::size_t> best;
-    float distance = 0.0F;
-    forEachBead(geometry, length, [&](std::size_t i) {
-        const float here = squaredDistance(geometry.position(i), point);
-        if (best && !(here < distance))
-            return;
-        best = i;
-        distance = here;
-    });
-    return best;
-}
 
 struct Case {
     PatternStyle style;

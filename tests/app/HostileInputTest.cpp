@@ -166,7 +166,7 @@ struct Case {
     int status;
     std::string complaint; // what standard error begins with
     long megabytes;        // what the run may take beyond what any run takes
-    double seconds;        // with the sanitizers on a machine that is busy with other things
+    double seconds;        // of the processor, with the sanitizers
 };
 
 void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }

@@ -107,12 +107,14 @@ bool hasBeadPerPixel(const PictureView& picture, PatternStyle style, const Patte
 }
 
 /// The components of a picture's bytes.
-constexpr std::array<float, 256> kComponents = [] {
+consteval std::array<float, 256> componentsOfBytes() {
     std::array<float, 256> components{};
     for (std::size_t byte = 0; byte < components.size(); ++byte)
         components[byte] = toComponent(static_cast<unsigned char>(byte));
     return components;
-}();
+}
+
+constexpr std::array<float, 256> kComponents = componentsOfBytes();
 
 /// Diffuses the errors of one picture row to the next, in the order of reading.
 class Diffusion {

@@ -59,11 +59,15 @@ private:
     }
     /// The next symbol, which must be below `count`.
     unsigned symbol(const Code& code, unsigned maximumBits, unsigned count, const char* name) {
-        auto found = code.end();
-        for (unsigned length = 1, word = 0; length <= maximumBits && found == code.end(); ++length)
-            found = code.find({length, word = word << 1 | bits(1)});
-        require(found != code.end() && found->second < count, name);
-        return found->second;
+        for (unsigned length = 1, word = 0; length <= maximumBits; ++length) {
+            const auto found = code.find({length, word = word << 1 | bits(1)});
+            if (found == code.end())
+                continue;
+            require(found->second < count, name);
+            return found->second;
+        }
+        require(false, name);
+        return 0;
     }
     void stored() {
         position_ = bytesRead() * 8;

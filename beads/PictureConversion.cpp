@@ -125,17 +125,17 @@ public:
     /// Matches a row of at least one pixel.
     void matchRow(const unsigned char* rgb, char* symbols) {
         const std::size_t width = errors_.size() - 2;
-        Error* const above = errors_.data() + 1;
-        above[width - 1] = running_;
+        Error* const above = errors_.data(); // column x has x + 1
+        above[width] = running_;
         Error running{};
         for (std::size_t x = 0; x < width; ++x) {
             PaletteMatcher::Components corrected{
                 kComponents[rgb[3 * x]], kComponents[rgb[3 * x + 1]], kComponents[rgb[3 * x + 2]]};
             for (std::size_t c = 0; c < corrected.size(); ++c)
-                corrected[c] = corrected[c] + 0.4375F * running[c] + 0.3125F * above[x][c] +
-                               0.1875F * above[x - 1][c] + 0.0625F * above[x + 1][c];
+                corrected[c] = corrected[c] + 0.4375F * running[c] + 0.3125F * above[x + 1][c] +
+                               0.1875F * above[x][c] + 0.0625F * above[x + 2][c];
             if (x >= 2) // deliberately column 0 leaves nothing to the next row
-                above[x - 1] = running;
+                above[x] = running;
             const std::size_t entry = matcher_.nearestEntry(corrected);
             symbols[x] = static_cast<char>(matcher_.symbol(entry));
             const PaletteMatcher::Components& color = matcher_.color(entry);

@@ -41,19 +41,8 @@ public:
         return symbols_[nearestEntry(rgb)];
     }
 
-    /// A palette colour with its symbol.
-    struct Match {
-        unsigned char symbol;
-        Color color;
-    };
-    /// As `nearest`, with the colour that goes with it: black when the palette is empty.
-    Match match(const Color& color) const {
-        const std::size_t entry = nearestEntry({color[0], color[1], color[2]});
-        const Components& rgb = colors_[entry];
-        return {symbols_[entry], {rgb[0], rgb[1], rgb[2]}};
-    }
-
-    /// As `nearest`; an entry counts the palette's colours in the order of their symbols.
+    /// As `nearest`; an entry counts the palette's colours in the order of their symbols. An empty
+    /// palette has one entry, the symbol 0 in black.
     std::size_t nearestEntry(const Components& rgb) const {
         return isHsv_ ? find<true>(toHsv(rgb)) : find<false>(rgb);
     }

@@ -88,9 +88,10 @@ TEST(PaletteMatcher, TakesTheLowerSymbolOfEquals) {
     palette.Set('b', {1, 0, 0});
     palette.Set('a', {0, 1, 0});
     EXPECT_EQ(PaletteMatcher(palette, {}).nearest({0.5F, 0.5F, 0}), 'a');
-    const PaletteMatcher::Match empty = PaletteMatcher({}, {}).match({1, 1, 1});
-    EXPECT_EQ(empty.symbol, 0);
-    EXPECT_EQ(empty.color, Color(0, 0, 0));
+    const PaletteMatcher empty{{}, {}};
+    const std::size_t entry = empty.nearestEntry({1, 1, 1});
+    EXPECT_EQ(empty.symbol(entry), 0);
+    EXPECT_EQ(empty.color(entry), PaletteMatcher::Components{});
 }
 
 TEST(ColorCache, HasASlotForEachColor) {

@@ -99,8 +99,9 @@ std::string ditheredByWalk(const PictureView& picture, const PaletteMatcher& mat
                     sum = sum + 0.0625F * buffer[x + 1][c];
                 q[c] = sum;
             }
-            const auto [symbol, color] = matcher.match(q);
-            symbols += static_cast<char>(symbol);
+            const std::size_t entry = matcher.nearestEntry({q[0], q[1], q[2]});
+            const PaletteMatcher::Components& color = matcher.color(entry);
+            symbols += static_cast<char>(matcher.symbol(entry));
             if (x >= 2)
                 buffer[x - 1] = running;
             running = {q[0] - color[0], q[1] - color[1], q[2] - color[2]};

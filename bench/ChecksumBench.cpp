@@ -1,6 +1,6 @@
 #include "bench/SampleData.h"
 #include "core/Crc32.h"
-#include "migration/Adler32.h"
+#include "migration/deflate/Adler32.h"
 
 #include <benchmark/benchmark.h>
 

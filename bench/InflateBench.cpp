@@ -1,7 +1,7 @@
 #include "bench/SampleData.h"
-#include "migration/DeflateStored.h"
-#include "migration/DeflateTables.h"
-#include "migration/Inflate.h"
+#include "migration/deflate/DeflateStored.h"
+#include "migration/deflate/DeflateTables.h"
+#include "migration/deflate/Inflate.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,4 @@
-#include "migration/JPEGInverseDct.h"
+#include "migration/jpeg/InverseDct.h"
 
 #include <benchmark/benchmark.h>
 #include <random>

@@ -1,4 +1,4 @@
-#include "migration/JPEGHuffmanTable.h"
+#include "migration/jpeg/HuffmanTable.h"
 
 #include <benchmark/benchmark.h>
 #include <random>

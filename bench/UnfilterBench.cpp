@@ -1,5 +1,5 @@
 #include "bench/SampleData.h"
-#include "migration/PNGUnfilter.h"
+#include "migration/png/Unfilter.h"
 
 #include <benchmark/benchmark.h>
 

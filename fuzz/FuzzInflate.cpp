@@ -1,9 +1,9 @@
 #include "core/Crc32.h"
 #include "fuzz/Fuzzing.h"
-#include "migration/Adler32.h"
-#include "migration/DeflateStored.h"
-#include "migration/Inflate.h"
-#include "tests/migration/PlainInflate.h"
+#include "migration/deflate/Adler32.h"
+#include "migration/deflate/DeflateStored.h"
+#include "migration/deflate/Inflate.h"
+#include "tests/migration/deflate/PlainInflate.h"
 
 #include <algorithm>
 

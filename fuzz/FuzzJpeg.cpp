@@ -1,7 +1,7 @@
 #include "fuzz/FuzzedImport.h"
-#include "migration/JPEGImporter.h"
-#include "migration/NetPBMExporter.h"
-#include "migration/NetPBMImporter.h"
+#include "migration/jpeg/JPEGImporter.h"
+#include "migration/netpbm/NetPBMExporter.h"
+#include "migration/netpbm/NetPBMImporter.h"
 
 using namespace VORN::Fuzz;
 using namespace VORN::Migration;

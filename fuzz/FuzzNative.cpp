@@ -2,7 +2,7 @@
 #include "fuzz/FuzzedImport.h"
 #include "migration/CodecSelection.h"
 #include "migration/ImageSignal.h"
-#include "migration/NativeImporter.h"
+#include "migration/native/NativeImporter.h"
 
 using namespace VORN;
 using namespace VORN::Fuzz;

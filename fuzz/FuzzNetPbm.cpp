@@ -1,6 +1,6 @@
 #include "fuzz/FuzzedImport.h"
-#include "migration/NetPBMExporter.h"
-#include "migration/NetPBMImporter.h"
+#include "migration/netpbm/NetPBMExporter.h"
+#include "migration/netpbm/NetPBMImporter.h"
 
 using namespace VORN::Fuzz;
 using namespace VORN::Migration;

@@ -1,12 +1,12 @@
 #include "core/Crc32.h"
 #include "fuzz/FuzzedImport.h"
-#include "migration/Adler32.h"
 #include "migration/BigEndian.h"
-#include "migration/Inflate.h"
-#include "migration/PNG.h"
-#include "migration/PNGExporter.h"
-#include "migration/PNGImporter.h"
-#include "tests/migration/PlainInflate.h"
+#include "migration/deflate/Adler32.h"
+#include "migration/deflate/Inflate.h"
+#include "migration/png/PNG.h"
+#include "migration/png/PNGExporter.h"
+#include "migration/png/PNGImporter.h"
+#include "tests/migration/deflate/PlainInflate.h"
 
 using namespace VORN;
 using namespace VORN::Fuzz;

@@ -1,11 +1,11 @@
 #include "migration/CodecSelection.h"
 
-#include "migration/JPEGImporter.h"
-#include "migration/NativeImporter.h"
-#include "migration/NetPBMExporter.h"
-#include "migration/NetPBMImporter.h"
-#include "migration/PNGExporter.h"
-#include "migration/PNGImporter.h"
+#include "migration/jpeg/JPEGImporter.h"
+#include "migration/native/NativeImporter.h"
+#include "migration/netpbm/NetPBMExporter.h"
+#include "migration/netpbm/NetPBMImporter.h"
+#include "migration/png/PNGExporter.h"
+#include "migration/png/PNGImporter.h"
 
 #include <algorithm>
 #include <array>

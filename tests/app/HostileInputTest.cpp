@@ -1,8 +1,8 @@
 #include "core/Crc32.h"
 #include "tests/app/ChildProgram.h"
 
-#include "migration/Adler32.h"
 #include "migration/BigEndian.h"
+#include "migration/deflate/Adler32.h"
 
 #include <algorithm>
 #include <filesystem>

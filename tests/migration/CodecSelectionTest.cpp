@@ -1,6 +1,6 @@
 #include "migration/CodecSelection.h"
 #include "core/TypeName.h"
-#include "migration/NativeImporter.h"
+#include "migration/native/NativeImporter.h"
 #include "tests/Complaint.h"
 #include "tests/migration/Fixture.h"
 

@@ -1,0 +1,186 @@
+#include "migration/jpeg/JPEGImporter.h"
+
+#include "core/Exception.h"
+#include "core/ReadAll.h"
+#include "migration/ImageMetadata.h"
+#include "migration/jpeg/BlockReader.h"
+
+#include <optional>
+
+namespace VORN::Migration {
+
+namespace {
+
+using namespace JPEG;
+
+/// Marker codes, the byte after 0xFF (ITU-T T.81, table B.1).
+enum class Marker : std::uint8_t {
+    BaselineFrame = 0xC0,
+    ProgressiveFrame = 0xC2,
+    HuffmanTables = 0xC4,
+    StartOfImage = 0xD8,
+    EndOfImage = 0xD9,
+    StartOfScan = 0xDA,
+    QuantizationTables = 0xDB,
+    RestartInterval = 0xDD,
+    FirstApplication = 0xE0,
+    LastApplication = 0xEF,
+    Comment = 0xFE,
+};
+
+constexpr unsigned kFirstCode = 0xC0;
+constexpr unsigned kLastCode = 0xFE;
+
+[[noreturn]] void refuseMarker(unsigned code) {
+    throw SupportException{kNoOrigin, "JPEG marker " + toHexadecimal(code)};
+}
+
+/// Goes through the marker segments of a file, which is borrowed.
+class SegmentLoop {
+public:
+    SegmentLoop(std::span<const std::uint8_t> file, DynamicBuffer& picture)
+        : rest_{file}, picture_{&picture} {}
+
+    /// Reads up to the end of the image; returns the frame whose picture is complete then.
+    const FrameLayout& read();
+
+private:
+    std::uint8_t byte();
+    Marker marker();
+    Segment segment();
+    void readSegment(Marker marker);
+    void readFrame(BlockReader::Process process);
+    void readScan();
+    void readHuffmanTables(Segment segment);
+    void readQuantizationTables(Segment segment);
+    void readRestartInterval(Segment segment);
+
+    std::span<const std::uint8_t> rest_;
+    DynamicBuffer* picture_;
+    Tables tables_;
+    std::optional<BlockReader> frame_;
+};
+
+const FrameLayout& SegmentLoop::read() {
+    for (Marker next = marker(); next != Marker::EndOfImage; next = marker())
+        readSegment(next);
+    if (!frame_)
+        refuse("Image without frame. ");
+    frame_->finish();
+    return frame_->layout();
+}
+
+std::uint8_t SegmentLoop::byte() {
+    if (rest_.empty())
+        refuseEnd();
+    const std::uint8_t byte = rest_[0];
+    rest_ = rest_.subspan(1);
+    return byte;
+}
+
+/// The next marker; any number of 0xFF may fill up before its code (clause B.1.1.2).
+Marker SegmentLoop::marker() {
+    if (byte() != 0xFF)
+        refuse("Expected start of marker segment. ");
+    std::uint8_t code = byte();
+    while (code == 0xFF)
+        code = byte();
+    if (code < kFirstCode || code > kLastCode)
+        refuseMarker(code);
+    return Marker{code};
+}
+
+/// The parameters of the segment that begins with its length.
+Segment SegmentLoop::segment() {
+    const std::size_t high = byte();
+    const std::size_t length = high << 8 | byte(); // its own two bytes included
+    if (length < 2)
+        refuse("Marker segment smaller than expected. ");
+    if (length - 2 > rest_.size())
+        refuseEnd();
+    const Segment segment{rest_.first(length - 2)};
+    rest_ = rest_.subspan(length - 2);
+    return segment;
+}
+
+void SegmentLoop::readSegment(Marker marker) {
+    switch (marker) {
+    case Marker::StartOfImage:
+        return;
+    case Marker::BaselineFrame:
+        return readFrame(BlockReader::Process::Sequential);
+    case Marker::ProgressiveFrame:
+        return readFrame(BlockReader::Process::Progressive);
+    case Marker::HuffmanTables:
+        return readHuffmanTables(segment());
+    case Marker::QuantizationTables:
+        return readQuantizationTables(segment());
+    case Marker::RestartInterval:
+        return readRestartInterval(segment());
+    case Marker::StartOfScan:
+        return readScan();
+    default:
+        break;
+    }
+    const bool isApplication =
+        marker >= Marker::FirstApplication && marker <= Marker::LastApplication;
+    if (!isApplication && marker != Marker::Comment)
+        refuseMarker(static_cast<unsigned>(marker));
+    segment();
+}
+
+void SegmentLoop::readFrame(BlockReader::Process process) {
+    const FrameHeader header{segment()};
+    if (frame_)
+        refuse("Image with more than one frame. ");
+    frame_.emplace(header, process, *picture_);
+}
+
+void SegmentLoop::readScan() {
+    const ScanHeader header{segment()};
+    if (!frame_)
+        refuse("Scan before its frame. ");
+    rest_ = frame_->readScan(header, tables_, rest_);
+}
+
+void SegmentLoop::readHuffmanTables(Segment segment) {
+    do {
+        const HuffmanTable table{segment};
+        const bool isDc = table.tableClass() == HuffmanTable::Class::Dc;
+        (isDc ? tables_.dc : tables_.ac)[table.destination()] = table;
+    } while (!segment.atEnd());
+}
+
+void SegmentLoop::readQuantizationTables(Segment segment) {
+    do {
+        const QuantizationTable table{segment};
+        tables_.quantization[table.destination] = table;
+    } while (!segment.atEnd());
+}
+
+void SegmentLoop::readRestartInterval(Segment segment) {
+    tables_.restartInterval = segment.word();
+    if (!segment.atEnd())
+        refuse("Define restart interval segment larger than expected. ");
+}
+
+ImageMetadata describe(const FrameLayout& layout) {
+    ImageMetadata metadata;
+    metadata.width = layout.width;
+    metadata.height = layout.height;
+    metadata.channels = static_cast<std::uint32_t>(layout.components.size());
+    metadata.format = layout.components.size() == 1 ? ImageMetadata::Format::Intensity
+                                                    : ImageMetadata::Format::Rgba;
+    return metadata;
+}
+
+} // namespace
+
+void JPEGImporter::importImage(DynamicBuffer& buffer, Metadata& metadata) {
+    IncrementalBuffer file;
+    readAll(stream(), file);
+    SegmentLoop segments{file.data(), buffer};
+    metadata.assign(describe(segments.read()));
+}
+
+} // namespace VORN::Migration

@@ -1,0 +1,21 @@
+#include "migration/png/ChunkWriter.h"
+
+#include "migration/BigEndian.h"
+
+namespace VORN::Migration::PNG {
+
+ChunkWriter::ChunkWriter(WriteStream& out, const ChunkType& type, std::uint32_t length)
+    : out_{&out} {
+    out.write(toBigEndian(length));
+    out.write(type);
+    checksum_.update(type);
+}
+
+void ChunkWriter::write(std::span<const std::uint8_t> data) {
+    checksum_.update(data);
+    out_->write(data);
+}
+
+void ChunkWriter::finish() { out_->write(toBigEndian(checksum_.value())); }
+
+} // namespace VORN::Migration::PNG

@@ -53,7 +53,8 @@ public:
     class DirectValue : public SingleArgumentValue {
     public:
         explicit DirectValue(std::string name, T byDefault = {})
-            : SingleArgumentValue{std::move(name)}, value_{std::move(byDefault)} {}
+            : SingleArgumentValue{std::move(name)},
+              value_{std::move(byDefault)} {}
         const T& get() const { return value_; }
 
     protected:
@@ -68,7 +69,8 @@ public:
     class SimpleValue : public SingleArgumentValue {
     public:
         explicit SimpleValue(std::string name, T byDefault = {})
-            : SingleArgumentValue{std::move(name)}, value_{byDefault} {}
+            : SingleArgumentValue{std::move(name)},
+              value_{byDefault} {}
         T get() const { return value_; }
 
     protected:
@@ -87,7 +89,8 @@ public:
     class CollectValue : public Value {
     public:
         CollectValue(std::string name, std::size_t maximum)
-            : Value{std::move(name)}, maximum_{maximum} {}
+            : Value{std::move(name)},
+              maximum_{maximum} {}
         bool complete() const override { return texts_.size() == maximum_; }
         bool mayStayUnassigned() const override { return !texts_.empty(); }
         void assign(const std::string& text) override { texts_.push_back(text); }
@@ -104,7 +107,8 @@ public:
     class Parameter {
     public:
         Parameter(std::string description, Presence presence)
-            : description_{std::move(description)}, presence_{presence} {}
+            : description_{std::move(description)},
+              presence_{presence} {}
 
         /// Appends a value, which the parameter owns.
         template <class V, class... Arguments>
@@ -153,7 +157,8 @@ public:
     };
 
     explicit ArgumentProcessor(ApplicationInfo info, std::string escapeWord = {})
-        : escapeWord_{std::move(escapeWord)}, info_{std::move(info)} {}
+        : escapeWord_{std::move(escapeWord)},
+          info_{std::move(info)} {}
 
     Parameter& addNamed(const std::vector<std::string>& names, std::string description,
                         Presence presence = Presence::Optional);

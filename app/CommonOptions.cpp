@@ -24,14 +24,15 @@ private:
 };
 
 PegboardOption::PegboardOption(ArgumentProcessor::Parameter& parameter)
-    : parameter_{parameter}, type_{parameter.add<TypeValue>()},
+    : parameter_{parameter},
+      type_{parameter.add<TypeValue>()},
       size_{parameter.add<ArgumentProcessor::SimpleValue<unsigned>>("size")} {}
 
 PatternStyle PegboardOption::style() const { return type_.style(); }
 
 PatternOutputOption::PatternOutputOption(ArgumentProcessor::Parameter& parameter)
-    : parameter_{parameter}, file_{parameter.add<ArgumentProcessor::DirectValue<std::string>>(
-                                 "pattern")} {}
+    : parameter_{parameter},
+      file_{parameter.add<ArgumentProcessor::DirectValue<std::string>>("pattern")} {}
 
 bool PatternOutputOption::write(const Pattern& pattern) const {
     if (parameter_.assigned())
@@ -41,8 +42,8 @@ bool PatternOutputOption::write(const Pattern& pattern) const {
 }
 
 ColorOption::ColorOption(ArgumentProcessor::Parameter& parameter, const Color& byDefault)
-    : parameter_{parameter}, red_{parameter.add<ArgumentProcessor::SimpleValue<float>>(
-                                 "R", byDefault[0])},
+    : parameter_{parameter},
+      red_{parameter.add<ArgumentProcessor::SimpleValue<float>>("R", byDefault[0])},
       green_{parameter.add<ArgumentProcessor::SimpleValue<float>>("G", byDefault[1])},
       blue_{parameter.add<ArgumentProcessor::SimpleValue<float>>("B", byDefault[2])} {}
 

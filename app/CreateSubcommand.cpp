@@ -7,16 +7,15 @@
 using namespace VORN;
 
 CreateSubcommand::CreateSubcommand()
-    : KavrinSubcommand{kName, kDescription}, pegboard_{arguments().addPositional(
-                                                 PegboardOption::kDescription)},
+    : KavrinSubcommand{kName, kDescription},
+      pegboard_{arguments().addPositional(PegboardOption::kDescription)},
       output_{arguments().addNamed({"-o"}, PatternOutputOption::kDescription)},
       fill_{arguments()
                 .addNamed({"--fill"}, "palette symbol to fill pattern with")
                 .add<Text>("symbol", std::string(1, kNoBead))},
       fillPalette_{arguments().addNamed({"--fill-palette"}, "palette fill start of pattern with")},
-      paletteFile_{fillPalette_.add<Text>("palette")}, reshape_{arguments().addNamed(
-                                                           {"--reshape"},
-                                                           "input pattern to reshape")},
+      paletteFile_{fillPalette_.add<Text>("palette")},
+      reshape_{arguments().addNamed({"--reshape"}, "input pattern to reshape")},
       patternFile_{reshape_.add<Text>("pattern")} {}
 
 int CreateSubcommand::run() {

@@ -87,10 +87,11 @@ constexpr const char* kUsageEntry =
 } // namespace
 
 InstructionDocument::InstructionDocument(const Palette& palette, const Settings& settings)
-    : palette_{palette}, values_{{"Pitch", settings.pitch},
-                                 {"MirrorSign", settings.view == View::Mirrored ? "-" : ""},
-                                 {"Background", settings.background},
-                                 {"Palette", paletteLines()}} {}
+    : palette_{palette},
+      values_{{"Pitch", settings.pitch},
+              {"MirrorSign", settings.view == View::Mirrored ? "-" : ""},
+              {"Background", settings.background},
+              {"Palette", paletteLines()}} {}
 
 void InstructionDocument::write(Text::TextWriter& out, const std::vector<Pattern>& patterns) {
     render(out, Web::StaticComponent{kPreamble});

@@ -26,8 +26,8 @@ bool packFile(const std::string& name, PanelPacker& packer) {
 } // namespace
 
 PackSubcommand::PackSubcommand()
-    : KavrinSubcommand{kName, kDescription}, pegboard_{arguments().addPositional(
-                                                 PegboardOption::kDescription)},
+    : KavrinSubcommand{kName, kDescription},
+      pegboard_{arguments().addPositional(PegboardOption::kDescription)},
       paletteFile_{
           arguments().addPositional("input palette for background crop").add<Text>("palette")},
       patternFiles_{arguments()

@@ -27,14 +27,16 @@ PictureSubcommand::PictureSubcommand()
                        .addPositional("palette file, or the name of a builtin palette")
                        .add<Text>("palette file")},
       patternFile_{arguments().addPositional("output pattern file").add<Text>("pattern file")},
-      crop_{arguments().addNamed({"--crop"}, "image crop")}, cropX_{crop_.add<Number>("x")},
-      cropY_{crop_.add<Number>("y")}, cropWidth_{crop_.add<Number>("width")},
-      cropHeight_{crop_.add<Number>("height")}, cropTransparent_{arguments().addNamed(
-                                                    {"--crop-transparent"},
-                                                    "crop transparent borders of image")},
+      crop_{arguments().addNamed({"--crop"}, "image crop")},
+      cropX_{crop_.add<Number>("x")},
+      cropY_{crop_.add<Number>("y")},
+      cropWidth_{crop_.add<Number>("width")},
+      cropHeight_{crop_.add<Number>("height")},
+      cropTransparent_{
+          arguments().addNamed({"--crop-transparent"}, "crop transparent borders of image")},
       hsvWeights_{arguments().addNamed({"--hsv-weights"}, "color distance HSV weights")},
-      hueWeight_{hsvWeights_.add<Fraction>("H", 1.0F)}, saturationWeight_{hsvWeights_.add<Fraction>(
-                                                            "S", 1.0F)},
+      hueWeight_{hsvWeights_.add<Fraction>("H", 1.0F)},
+      saturationWeight_{hsvWeights_.add<Fraction>("S", 1.0F)},
       valueWeight_{hsvWeights_.add<Fraction>("V", 1.0F)},
       transparentColor_{arguments().addNamed({"--transparent-color"}, ColorOption::kDescription),
                         {}},
@@ -45,9 +47,8 @@ PictureSubcommand::PictureSubcommand()
       transparentPosition_{arguments().addNamed({"--transparent-position"},
                                                 "position in image to pick transparent color")},
       transparentX_{transparentPosition_.add<Number>("x")},
-      transparentY_{transparentPosition_.add<Number>("y")}, pegboard_{arguments().addNamed(
-                                                                {"--pegboard"},
-                                                                PegboardOption::kDescription)},
+      transparentY_{transparentPosition_.add<Number>("y")},
+      pegboard_{arguments().addNamed({"--pegboard"}, PegboardOption::kDescription)},
       dithering_{arguments().addNamed({"--dithering"}, "dithering")} {}
 
 int PictureSubcommand::run() {

@@ -33,9 +33,12 @@ SubcommandApplication::Subcommand::Subcommand(const std::string& program, const 
 
 SubcommandApplication::Help::Help(const ApplicationInfo& info, const Entries& entries,
                                   WriteStream& out)
-    : Subcommand{info.name, kHelpName, kHelpDescription, ""}, entries_{entries}, out_{out},
-      indent_{info.indent}, descriptionIndent_{info.descriptionIndent}, lineWidth_{info.lineWidth} {
-}
+    : Subcommand{info.name, kHelpName, kHelpDescription, ""},
+      entries_{entries},
+      out_{out},
+      indent_{info.indent},
+      descriptionIndent_{info.descriptionIndent},
+      lineWidth_{info.lineWidth} {}
 
 int SubcommandApplication::Help::run() {
     constexpr std::string_view kTitle = "Subcommands: ";
@@ -57,7 +60,9 @@ int SubcommandApplication::Help::run() {
 SubcommandApplication::SubcommandApplication(ApplicationInfo info,
                                              std::span<const Registration> table, WriteStream& out,
                                              WriteStream& errors)
-    : info_{std::move(info)}, out_{out}, errors_{errors} {
+    : info_{std::move(info)},
+      out_{out},
+      errors_{errors} {
     entries_.push_back(
         {kHelpName, kHelpDescription, nullptr, std::make_shared<Help>(info_, entries_, out_)});
     for (const Registration& line : table)

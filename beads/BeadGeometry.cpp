@@ -38,8 +38,9 @@ std::size_t ringOf(std::size_t i) {
 }
 
 BeadGeometry::BeadGeometry(PatternStyle style, const Tuple<2, unsigned>& size)
-    : style_{style}, size_{size}, rowLength_{std::size_t{size[0]} *
-                                             (style == PatternStyle::Hex ? 2 : 1)} {
+    : style_{style},
+      size_{size},
+      rowLength_{std::size_t{size[0]} * (style == PatternStyle::Hex ? 2 : 1)} {
     if (style > PatternStyle::Circle)
         throw SupportException{kNoOrigin, "Pattern style not supported. "};
 }

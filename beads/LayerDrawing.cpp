@@ -116,10 +116,11 @@ void drawNearest(PatternStyle style, const Pattern::Layer& layer, const LayerFra
 } // namespace
 
 LayerFrame::LayerFrame(const Hyperrectangle<2, float>& box, float beadSize)
-    : pitch_{1.25F * beadSize}, offsetX_{pitch_ * (0.5F - box.origin()[0])},
+    : pitch_{1.25F * beadSize},
+      offsetX_{pitch_ * (0.5F - box.origin()[0])},
       offsetY_{(box.extent()[1] + 1) * pitch_ - pitch_ * (0.5F - box.origin()[1])},
-      width_{toPixels((box.extent()[0] + 1) * pitch_)}, height_{toPixels((box.extent()[1] + 1) *
-                                                                         pitch_)} {}
+      width_{toPixels((box.extent()[0] + 1) * pitch_)},
+      height_{toPixels((box.extent()[1] + 1) * pitch_)} {}
 
 Point<2, float> LayerFrame::toPicture(const Point<2, float>& position) const {
     return {pitch_ * position[0] + offsetX_, -pitch_ * position[1] + offsetY_};

@@ -71,8 +71,10 @@ private:
 };
 
 NearestBead::NearestBead(PatternStyle style, const Pattern::Layer& layer)
-    : geometry_{style, layer.size}, length_{layer.content.size()},
-      rows_{rowsOf(geometry_, length_)}, near_{widened(geometry_.box())} {
+    : geometry_{style, layer.size},
+      length_{layer.content.size()},
+      rows_{rowsOf(geometry_, length_)},
+      near_{widened(geometry_.box())} {
     if (style != PatternStyle::Circle)
         return;
     ringed_.reserve(length_);

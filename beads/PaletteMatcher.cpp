@@ -23,7 +23,8 @@ float square(float number) { return number * number; }
 } // namespace
 
 PaletteMatcher::PaletteMatcher(const Palette& palette, const Weights& weights)
-    : isHsv_{weights.has_value()}, weights_{1.0F, 1.0F, 1.0F} {
+    : isHsv_{weights.has_value()},
+      weights_{1.0F, 1.0F, 1.0F} {
     if (weights)
         weights_ = {(*weights)[0], (*weights)[1], (*weights)[2]};
     for (unsigned symbol = 0; symbol < Palette::kSlots; ++symbol) {

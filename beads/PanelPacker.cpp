@@ -56,7 +56,8 @@ void checkFits(const Piece& piece, const Piece& panel) {
 } // namespace
 
 PanelPacker::PanelPacker(const Palette& palette, unsigned panelBeads)
-    : palette_{palette}, panelSize_{panelBeads, panelBeads} {}
+    : palette_{palette},
+      panelSize_{panelBeads, panelBeads} {}
 
 void PanelPacker::add(const Pattern& pattern, std::size_t layer) {
     Piece whole;

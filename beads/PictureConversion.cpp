@@ -11,7 +11,8 @@ namespace {
 class ColorMatching {
 public:
     ColorMatching(const PaletteMatcher& matcher, const std::optional<ColorBox>& transparent)
-        : matcher_{matcher}, transparent_{transparent} {}
+        : matcher_{matcher},
+          transparent_{transparent} {}
 
     char symbolOf(const unsigned char* rgb) {
         if (transparent_ && transparent_->contains(rgb))
@@ -33,7 +34,8 @@ private:
 class AxisMap {
 public:
     AxisMap(float origin, float extent, unsigned last)
-        : last_{static_cast<float>(last)}, scale_{extent == 0.0F ? 0.0F : last_ / extent},
+        : last_{static_cast<float>(last)},
+          scale_{extent == 0.0F ? 0.0F : last_ / extent},
           offset_{-origin * scale_} {}
 
     float operator()(float coordinate) const { return coordinate * scale_ + offset_; }
@@ -120,7 +122,8 @@ constexpr std::array<float, 256> kComponents = componentsOfBytes();
 class Diffusion {
 public:
     Diffusion(const PaletteMatcher& matcher, std::size_t width)
-        : matcher_{matcher}, errors_(width + 2) {}
+        : matcher_{matcher},
+          errors_(width + 2) {}
 
     /// Matches a row of at least one pixel.
     void matchRow(const unsigned char* rgb, char* symbols) {

@@ -63,8 +63,9 @@ constexpr std::array<std::string_view, 8> kArchiveStates{
 } // namespace
 
 ArchiveImpairedException::ArchiveImpairedException(const ArchiveImpairedException& other)
-    : Clonable{other}, state_{other.state_}, previous_{other.previous_ ? other.previous_->clone()
-                                                                       : nullptr} {}
+    : Clonable{other},
+      state_{other.state_},
+      previous_{other.previous_ ? other.previous_->clone() : nullptr} {}
 
 void ArchiveImpairedException::write(std::ostream& out) const {
     out << "Archive impaired, ";

@@ -66,7 +66,9 @@ public:
 class CppException : public Clonable<CppException> {
 public:
     CppException(Origin origin, std::string what, std::string type)
-        : Clonable{origin}, what_{std::move(what)}, type_{std::move(type)} {}
+        : Clonable{origin},
+          what_{std::move(what)},
+          type_{std::move(type)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -78,7 +80,8 @@ private:
 class SupportException : public Clonable<SupportException> {
 public:
     SupportException(Origin origin, std::string subject)
-        : Clonable{origin}, subject_{std::move(subject)} {}
+        : Clonable{origin},
+          subject_{std::move(subject)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -101,7 +104,8 @@ public:
 class UnexpectedEndException : public Clonable<UnexpectedEndException> {
 public:
     UnexpectedEndException(Origin origin, std::string expected)
-        : Clonable{origin}, expected_{std::move(expected)} {}
+        : Clonable{origin},
+          expected_{std::move(expected)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -112,7 +116,9 @@ private:
 class ParseException : public Clonable<ParseException> {
 public:
     ParseException(Origin origin, std::string text, std::string target)
-        : Clonable{origin}, text_{std::move(text)}, target_{std::move(target)} {}
+        : Clonable{origin},
+          text_{std::move(text)},
+          target_{std::move(target)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -123,7 +129,9 @@ private:
 class UnexpectedValueException : public Clonable<UnexpectedValueException> {
 public:
     UnexpectedValueException(Origin origin, std::string value, std::string expectation)
-        : Clonable{origin}, value_{std::move(value)}, expectation_{std::move(expectation)} {}
+        : Clonable{origin},
+          value_{std::move(value)},
+          expectation_{std::move(expectation)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -135,7 +143,8 @@ private:
 class UninitializedException : public Clonable<UninitializedException> {
 public:
     UninitializedException(Origin origin, std::string subject)
-        : Clonable{origin}, subject_{std::move(subject)} {}
+        : Clonable{origin},
+          subject_{std::move(subject)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -145,7 +154,9 @@ private:
 class AccessException : public Clonable<AccessException> {
 public:
     AccessException(Origin origin, std::string subject, std::string reason)
-        : Clonable{origin}, subject_{std::move(subject)}, reason_{std::move(reason)} {}
+        : Clonable{origin},
+          subject_{std::move(subject)},
+          reason_{std::move(reason)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -156,7 +167,8 @@ private:
 class AcquireException : public Clonable<AcquireException> {
 public:
     AcquireException(Origin origin, std::string subject)
-        : Clonable{origin}, subject_{std::move(subject)} {}
+        : Clonable{origin},
+          subject_{std::move(subject)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -167,7 +179,8 @@ private:
 class ReleaseException : public Clonable<ReleaseException> {
 public:
     ReleaseException(Origin origin, std::string subject)
-        : Clonable{origin}, subject_{std::move(subject)} {}
+        : Clonable{origin},
+          subject_{std::move(subject)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -178,7 +191,8 @@ private:
 class AllocateException : public Clonable<AllocateException> {
 public:
     AllocateException(Origin origin, std::string subject)
-        : Clonable{origin}, subject_{std::move(subject)} {}
+        : Clonable{origin},
+          subject_{std::move(subject)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -190,8 +204,9 @@ template <class T>
 class NotFoundException : public Clonable<NotFoundException<T>> {
 public:
     NotFoundException(Origin origin, T item, std::string container)
-        : Clonable<NotFoundException>{origin}, item_{std::move(item)}, container_{
-                                                                           std::move(container)} {}
+        : Clonable<NotFoundException>{origin},
+          item_{std::move(item)},
+          container_{std::move(container)} {}
     void write(std::ostream& out) const override {
         out << "Could not find " << item_ << " in " << container_ << ". ";
     }
@@ -206,7 +221,9 @@ template <class T>
 class BoundException : public Clonable<BoundException<T>> {
 public:
     BoundException(Origin origin, T value, T bound)
-        : Clonable<BoundException>{origin}, value_{value}, bound_{bound} {}
+        : Clonable<BoundException>{origin},
+          value_{value},
+          bound_{bound} {}
     void write(std::ostream& out) const override {
         out << "Value (" << value_ << ") out of bound (" << bound_ << "). ";
     }
@@ -248,7 +265,9 @@ public:
 
     ArchiveImpairedException(Origin origin, std::int32_t state,
                              std::unique_ptr<Exception> previous = nullptr)
-        : Clonable{origin}, state_{state}, previous_{std::move(previous)} {}
+        : Clonable{origin},
+          state_{state},
+          previous_{std::move(previous)} {}
     ArchiveImpairedException(const ArchiveImpairedException& other);
     void write(std::ostream& out) const override;
 
@@ -264,7 +283,9 @@ public:
     class UnexpectedNumberOfMatches : public Clonable<UnexpectedNumberOfMatches> {
     public:
         UnexpectedNumberOfMatches(Origin origin, std::uint32_t got, std::uint32_t expected)
-            : Clonable<UnexpectedNumberOfMatches>{origin}, got_{got}, expected_{expected} {}
+            : Clonable<UnexpectedNumberOfMatches>{origin},
+              got_{got},
+              expected_{expected} {}
         void write(std::ostream& out) const override {
             out << "Got " << got_ << " matches but expected " << expected_ << " matches. ";
         }
@@ -281,7 +302,9 @@ namespace Text {
 class ConversionException : public Clonable<ConversionException> {
 public:
     ConversionException(Origin origin, std::string text, std::string target)
-        : Clonable{origin}, text_{std::move(text)}, target_{std::move(target)} {}
+        : Clonable{origin},
+          text_{std::move(text)},
+          target_{std::move(target)} {}
     void write(std::ostream& out) const override;
 
 private:
@@ -310,7 +333,9 @@ public:
 class FormatException : public Clonable<FormatException> {
 public:
     FormatException(Origin origin, std::string format, std::string detail)
-        : Clonable{origin}, format_{std::move(format)}, detail_{std::move(detail)} {}
+        : Clonable{origin},
+          format_{std::move(format)},
+          detail_{std::move(detail)} {}
     void write(std::ostream& out) const override;
 
 private:

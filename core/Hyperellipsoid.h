@@ -10,7 +10,8 @@ class Hyperellipsoid : public Serializable {
 public:
     Hyperellipsoid() = default;
     Hyperellipsoid(const Point<N, T>& centre, const Vector<N, T>& semiAxes)
-        : centre_{centre}, semiAxes_{semiAxes} {}
+        : centre_{centre},
+          semiAxes_{semiAxes} {}
 
     const Point<N, T>& centre() const { return centre_; }
     const Vector<N, T>& semiAxes() const { return semiAxes_; }

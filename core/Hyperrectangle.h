@@ -10,7 +10,8 @@ class Hyperrectangle : public Serializable {
 public:
     Hyperrectangle() = default;
     Hyperrectangle(const Point<N, T>& origin, const Vector<N, T>& extent)
-        : origin_{origin}, extent_{extent} {}
+        : origin_{origin},
+          extent_{extent} {}
 
     const Point<N, T>& origin() const { return origin_; }
     const Vector<N, T>& extent() const { return extent_; }

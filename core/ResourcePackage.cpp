@@ -19,8 +19,8 @@ using Impaired = ArchiveImpairedException;
 class ResourceStream : private BorrowConstBuffer, public ConstBufferStream {
 public:
     explicit ResourceStream(std::span<const std::uint8_t> bytes)
-        : BorrowConstBuffer{bytes}, ConstBufferStream{
-                                        static_cast<const BorrowConstBuffer&>(*this)} {}
+        : BorrowConstBuffer{bytes},
+          ConstBufferStream{static_cast<const BorrowConstBuffer&>(*this)} {}
     using ConstBufferStream::size;
 };
 

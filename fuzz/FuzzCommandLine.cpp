@@ -122,7 +122,8 @@ private:
 class Capture {
 public:
     explicit Capture(std::ostream& stream)
-        : stream_{&stream}, before_{stream.rdbuf(text_.rdbuf())} {}
+        : stream_{&stream},
+          before_{stream.rdbuf(text_.rdbuf())} {}
     Capture(const Capture&) = delete;
     Capture& operator=(const Capture&) = delete;
     ~Capture() {

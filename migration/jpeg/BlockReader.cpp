@@ -28,7 +28,9 @@ void BlockReader::finish() { mode_->finish(); }
 const FrameLayout& BlockReader::layout() const { return mode_->layout(); }
 
 BlockReader::Mode::Mode(const FrameHeader& header, DynamicBuffer& picture)
-    : layout_{header}, transforms_(header.components.size()), picture_{&picture} {}
+    : layout_{header},
+      transforms_(header.components.size()),
+      picture_{&picture} {}
 
 void BlockReader::Mode::keepTransform(std::size_t component, const Tables& tables) {
     if (!transforms_[component])

@@ -16,7 +16,9 @@ namespace VORN::Migration::JPEG {
 class ByteUnstuffer {
 public:
     explicit ByteUnstuffer(std::span<const std::uint8_t> bytes)
-        : begin_{bytes.data()}, next_{begin_}, end_{begin_ + bytes.size()} {}
+        : begin_{bytes.data()},
+          next_{begin_},
+          end_{begin_ + bytes.size()} {}
 
     /// Makes at least 32 bits ready.
     void refill() {

@@ -3,7 +3,8 @@
 namespace VORN::Migration::JPEG {
 
 CoefficientStore::CoefficientStore(const FrameLayout& layout)
-    : layout_{&layout}, unitRows_(layout.unitsDown) {
+    : layout_{&layout},
+      unitRows_(layout.unitsDown) {
     for (const ComponentLayout& component : layout.components) {
         offsets_.push_back(unitRowBlocks_);
         unitRowBlocks_ += std::size_t{component.paddedBlocksAcross} * component.verticalSampling;

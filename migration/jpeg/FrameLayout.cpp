@@ -29,12 +29,13 @@ std::uint32_t largest(const JPEGVector<ComponentLayout>& components,
 } // namespace
 
 FrameLayout::FrameLayout(const FrameHeader& header)
-    : width{header.width}, height{header.height}, components{layOut(header.components)},
+    : width{header.width},
+      height{header.height},
+      components{layOut(header.components)},
       horizontalSampling{largest(components, &ComponentLayout::horizontalSampling)},
       verticalSampling{largest(components, &ComponentLayout::verticalSampling)},
-      unitsAcross{divideUp(width, horizontalSampling * kBlockSide)}, unitsDown{divideUp(
-                                                                         height, verticalSampling *
-                                                                                     kBlockSide)} {
+      unitsAcross{divideUp(width, horizontalSampling * kBlockSide)},
+      unitsDown{divideUp(height, verticalSampling * kBlockSide)} {
     for (ComponentLayout& component : components) {
         component.width = divideUp(width * component.horizontalSampling, horizontalSampling);
         component.height = divideUp(height * component.verticalSampling, verticalSampling);

@@ -39,7 +39,8 @@ constexpr unsigned kLastCode = 0xFE;
 class SegmentLoop {
 public:
     SegmentLoop(std::span<const std::uint8_t> file, DynamicBuffer& picture)
-        : rest_{file}, picture_{&picture} {}
+        : rest_{file},
+          picture_{&picture} {}
 
     /// Reads up to the end of the image; returns the frame whose picture is complete then.
     const FrameLayout& read();

@@ -8,7 +8,8 @@
 namespace VORN::Migration::JPEG {
 
 PictureWriter::Window::Window(const ComponentLayout& component)
-    : width_{component.width}, height_{component.height},
+    : width_{component.width},
+      height_{component.height},
       lineBytes_{std::size_t{component.paddedBlocksAcross} * kBlockSide},
       samples_((1 + component.verticalSampling * kBlockSide) * lineBytes_) {}
 
@@ -25,7 +26,9 @@ void PictureWriter::Window::advance() {
 }
 
 PictureWriter::PictureWriter(const FrameLayout& layout, std::span<std::uint8_t> lines)
-    : layout_{&layout}, lines_{lines}, lineStride_{layout.components.size() * layout.width} {
+    : layout_{&layout},
+      lines_{lines},
+      lineStride_{layout.components.size() * layout.width} {
     for (const ComponentLayout& component : layout.components) {
         windows_.emplace_back(component);
         plans_.push_back(planFor(component));

@@ -60,7 +60,11 @@ class BandRefiner {
 public:
     /// `mask` tells the coefficients that are set; it is not changed.
     BandRefiner(const Band& band, ByteUnstuffer& bits, CoefficientBlock& block, std::uint64_t mask)
-        : bits_{&bits}, block_{&block}, step_{1 << band.lowBit}, k_{band.start}, end_{band.end},
+        : bits_{&bits},
+          block_{&block},
+          step_{1 << band.lowBit},
+          k_{band.start},
+          end_{band.end},
           pending_{mask >> band.start << band.start} {
         pending_ &= ~std::uint64_t{0} >> (63 - band.end);
     }
@@ -175,7 +179,9 @@ void forEachBlock(const FrameLayout& layout, CoefficientStore& store, Visit visi
 } // namespace
 
 ProgressiveDCTMode::ProgressiveDCTMode(const FrameHeader& header, DynamicBuffer& picture)
-    : Mode{header, picture}, store_{layout()}, progress_(layout().components.size()) {
+    : Mode{header, picture},
+      store_{layout()},
+      progress_(layout().components.size()) {
     for (Progress& progress : progress_)
         progress.fill(kUnknown);
 }

@@ -66,7 +66,9 @@ class ScanReader {
 public:
     ScanReader(const FrameLayout& layout, JPEGVector<ComponentDecoder> components,
                std::uint16_t restartInterval)
-        : layout_{&layout}, components_{std::move(components)}, interval_{restartInterval},
+        : layout_{&layout},
+          components_{std::move(components)},
+          interval_{restartInterval},
           unitsToRestart_{restartInterval} {}
 
     void read(ByteUnstuffer& bits, PictureWriter& writer) {

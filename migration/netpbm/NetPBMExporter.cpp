@@ -23,8 +23,9 @@ struct SampleLayout {
 
     /// Pixels whose bits give no byte per sample are laid out with whole bytes all the same.
     SampleLayout(const ImageMetadata& metadata, const ImageFormatDescriptor& descriptor)
-        : width{metadata.width}, height{metadata.height}, sampleBytes{metadata.type.bits > 8 ? 2U
-                                                                                             : 1U},
+        : width{metadata.width},
+          height{metadata.height},
+          sampleBytes{metadata.type.bits > 8 ? 2U : 1U},
           pixelStride{
               std::max<std::uint64_t>(descriptor.pixelStride, metadata.channels * sampleBytes)},
           lineStride{std::max(descriptor.lineStride, width * pixelStride)} {

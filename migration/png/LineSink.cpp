@@ -10,8 +10,11 @@ namespace VORN::Migration::PNG {
 
 LineSink::LineSink(std::span<std::uint8_t> picture, std::uint64_t lineBytes, std::uint32_t lines,
                    std::size_t pixelBytes, const char* misfit)
-    : picture_{picture}, lineBytes_{lineBytes}, linesLeft_{lines},
-      pixelBytes_{pixelBytes}, misfit_{misfit} {}
+    : picture_{picture},
+      lineBytes_{lineBytes},
+      linesLeft_{lines},
+      pixelBytes_{pixelBytes},
+      misfit_{misfit} {}
 
 void LineSink::write(std::span<const std::uint8_t> data) {
     checksum_.update(data);

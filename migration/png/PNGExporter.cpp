@@ -32,8 +32,8 @@ struct Layout {
 
     // A line has less than 2^32 pixels of less than 2^10 bits, and all other factors fit a chunk.
     explicit Layout(const ImageMetadata& metadata)
-        : lines{metadata.height}, lineBytes{std::uint64_t{metadata.width} * metadata.channels *
-                                            metadata.type.bits / 8},
+        : lines{metadata.height},
+          lineBytes{std::uint64_t{metadata.width} * metadata.channels * metadata.type.bits / 8},
           rawBytes{checkFits(checkFits(lineBytes + 1) * lines)},
           dataBytes{checkFits(ZlibHeader::kBytes + DeflateStored::streamBytes(rawBytes) +
                               ZlibChecksum::kBytes)} {}

@@ -11,7 +11,8 @@ namespace {
 class ReadyImporter : public DataImporter {
 public:
     ReadyImporter(const ImageMetadata& metadata, Bytes bytes)
-        : metadata_{metadata}, bytes_{std::move(bytes)} {}
+        : metadata_{metadata},
+          bytes_{std::move(bytes)} {}
     void importImage(DynamicBuffer& buffer, Metadata& metadata) override {
         metadata.assign(metadata_);
         buffer.resize(bytes_.size());

@@ -3,6 +3,7 @@
 #include "core/LoadInput.h"
 #include "core/SaveOutput.h"
 #include "migration/CodecSelection.h"
+#include "migration/ImageSignal.h"
 
 namespace VORN {
 
@@ -26,19 +27,32 @@ bool loadPattern(const std::string& name, Pattern& pattern) {
     return loadInput(name, [&](ReadStream& in) { return pattern.Read(in); });
 }
 
-bool loadPicture(const std::string& name, Migration::ImageSignal<unsigned char>& picture) {
+bool loadPicture(const std::string& name, Picture& picture) {
     return loadInput(name, [&](RandomReadStream& in) {
         const auto importer = Migration::chooseImporter(name, in);
         if (!importer)
             return false;
         importer->setStream(&in);
-        picture.importImage(*importer);
+        IncrementalBuffer samples;
+        Migration::ImageMetadata metadata;
+        importer->importImage(samples, metadata);
+        const Tuple<3, unsigned> size =
+            Migration::ImageSignal<unsigned char>{samples, metadata}.size();
+        picture = Picture{std::move(samples), size};
         return true;
     });
 }
 
 bool savePattern(const std::string& name, const Pattern& pattern) {
     return saveOutput(name, [&](WriteStream& out) { writeText(pattern, out); });
+}
+
+bool savePicture(const std::string& name, const Picture& picture) {
+    const auto exporter = Migration::chooseExporter(name);
+    return saveOutput(name, [&](WriteStream& out) {
+        exporter->setStream(&out);
+        Migration::ImageSignal<unsigned char>{picture.signal()}.exportImage(*exporter);
+    });
 }
 
 void printPattern(const Pattern& pattern) {

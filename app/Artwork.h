@@ -2,7 +2,7 @@
 
 #include "beads/Palette.h"
 #include "beads/Pattern.h"
-#include "migration/ImageSignal.h"
+#include "beads/Picture.h"
 
 #include <string>
 
@@ -14,12 +14,14 @@ namespace VORN {
 bool loadPalette(const std::string& name, Palette& palette);
 bool loadPattern(const std::string& name, Pattern& pattern);
 /// The format is chosen by the extension of the name or else by content.
-bool loadPicture(const std::string& name, Migration::ImageSignal<unsigned char>& picture);
+bool loadPicture(const std::string& name, Picture& picture);
 
 // Each writes the file `name`; false comes after one line on standard error.
 
 bool savePalette(const std::string& name, const Palette& palette);
 bool savePattern(const std::string& name, const Pattern& pattern);
+/// The format is chosen by the extension of the name, for which there is an exporter.
+bool savePicture(const std::string& name, const Picture& picture);
 
 /// Writes `pattern` to standard output.
 void printPattern(const Pattern& pattern);

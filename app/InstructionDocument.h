@@ -29,10 +29,10 @@ public:
 private:
     using Usage = DenseHistogram<char>;
 
-    Usage writeBlock(Text::TextWriter& out, PatternStyle style, const Pattern::Layer& layer);
+    Usage writeBlock(Text::TextWriter& out, const LayerView& layer);
     void render(Text::TextWriter& out, const Web::Component& part) const;
     std::string paletteLines() const;
-    std::string beadLines(PatternStyle style, const Pattern::Layer& layer, Usage& usage) const;
+    std::string beadLines(const LayerView& layer, Usage& usage) const;
     std::string usageRows(const Usage& usage) const;
 
     const Palette& palette_;

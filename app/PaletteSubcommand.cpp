@@ -14,9 +14,9 @@ PaletteSubcommand::PaletteSubcommand()
           arguments().addPositional("output palette file").add<Text>("output palette file")} {}
 
 int PaletteSubcommand::run() {
-    Migration::ImageSignal<unsigned char> picture;
+    Picture picture;
     if (!loadPicture(pictureFile_.get(), picture))
         return 1;
-    const Palette palette = generatePalette(PictureView{picture});
+    const Palette palette = generatePalette(picture);
     return savePalette(paletteFile_.get(), palette) ? 0 : 1;
 }

@@ -1,22 +1,10 @@
 #include "app/PictureSubcommand.h"
 
 #include "app/Artwork.h"
-#include "beads/BeadGeometry.h"
-#include "beads/Scaling.h"
 
 #include <iostream>
 
 using namespace VORN;
-
-namespace {
-
-/// The size that a picture is brought to so that a pixel falls on each bead pitch of `layer`.
-Tuple<2, unsigned> pixelsUnder(PatternStyle style, const Pattern::Layer& layer) {
-    const Vector<2, float> extent = BeadGeometry{style, layer.size}.box().extent();
-    return {static_cast<unsigned>(extent[0]), static_cast<unsigned>(extent[1])};
-}
-
-} // namespace
 
 PictureSubcommand::PictureSubcommand()
     : KavrinSubcommand{kName, kDescription},
@@ -52,69 +40,39 @@ PictureSubcommand::PictureSubcommand()
       dithering_{arguments().addNamed({"--dithering"}, "dithering")} {}
 
 int PictureSubcommand::run() {
-    Migration::ImageSignal<unsigned char> picture;
+    Picture picture;
     Palette palette;
     if (!loadPicture(pictureFile_.get(), picture) || !loadPalette(paletteFile_.get(), palette))
         return 1;
-
-    const auto transparent = transparentColors(PictureView{picture});
-    if (crop_.assigned())
-        crop(picture, {{cropX_.get(), cropY_.get()}, {cropWidth_.get(), cropHeight_.get()}});
-    if (cropTransparent_.assigned()) {
-        if (!transparent) {
-            std::cerr << "Transparency crop set without transparency criteria.\n";
-            return 1;
-        }
-        crop(picture, opaqueRegion(PictureView{picture}, *transparent));
-    }
-    return convert(PictureView{picture}, transparent, palette);
-}
-
-std::optional<ColorBox> PictureSubcommand::transparentColors(const PictureView& picture) const {
-    if (transparentColor_.given()) {
-        Color color = transparentColor_.color();
-        for (std::size_t component = 0; component < 3; ++component)
-            color[component] = std::clamp(color[component], 0.0F, 1.0F);
-        return ColorBox{color, transparentThreshold_.get()};
-    }
-    if (transparentPosition_.assigned())
-        return ColorBox{pickColor(picture, transparentX_.get(), transparentY_.get()),
-                        transparentThreshold_.get()};
-    return std::nullopt;
-}
-
-PaletteMatcher::Weights PictureSubcommand::weights() const {
-    if (!hsvWeights_.assigned())
-        return std::nullopt;
-    return Vector<3, float>{hueWeight_.get(), saturationWeight_.get(), valueWeight_.get()};
-}
-
-int PictureSubcommand::convert(PictureView picture, const std::optional<ColorBox>& transparent,
-                               const Palette& palette) const {
     Pattern pattern;
-    Tuple<2, unsigned> size{picture.size()[1], picture.size()[2]};
-    if (pegboard_.given()) {
-        pattern.style = pegboard_.style();
-        size = {pegboard_.sizeBeads(), pegboard_.sizeBeads()};
-    }
-    pattern.AddFilledLayer(size, kNoBead);
-
-    Signal<3, unsigned char> scaled;
-    if (pegboard_.given() && picture.count() > 0) {
-        const Tuple<2, unsigned> target = pixelsUnder(pattern.style, pattern.layer(0));
-        if (target[0] > 0 && target[1] > 0) {
-            scaled = scale(picture, target[0], target[1]);
-            picture = PictureView{scaled};
-        }
-    }
-    const PaletteMatcher matcher{palette, weights()};
-    if (!dithering_.assigned()) {
-        matchBeads(picture, matcher, transparent, pattern);
-    } else if (pattern.style != PatternStyle::Square) {
+    switch (convertPicture(picture, palette, options(), pattern)) {
+    case ConversionResult::NoTransparentColor:
+        std::cerr << "Transparency crop set without transparency criteria.\n";
+        return 1;
+    case ConversionResult::DitheringNeedsSquare:
         std::cerr << "Dithering is only supported for square patterns. \n";
-        return 0;
-    } else {
-        pattern.layer(0) = {dither(picture, matcher), {picture.size()[1], picture.size()[2]}};
+        return 0; // deliberately
+    case ConversionResult::Converted:
+        break;
     }
     return savePattern(patternFile_.get(), pattern) ? 0 : 1;
+}
+
+ConversionOptions PictureSubcommand::options() const {
+    ConversionOptions options;
+    if (transparentColor_.given())
+        options.transparentColor = transparentColor_.color();
+    if (transparentPosition_.assigned())
+        options.transparentPosition = {transparentX_.get(), transparentY_.get()};
+    options.transparentThreshold = transparentThreshold_.get();
+    if (crop_.assigned())
+        options.crop = {{cropX_.get(), cropY_.get()}, {cropWidth_.get(), cropHeight_.get()}};
+    options.cropsTransparentBorders = cropTransparent_.assigned();
+    if (pegboard_.given())
+        options.pegboard = {pegboard_.style(), {pegboard_.sizeBeads(), pegboard_.sizeBeads()}};
+    if (hsvWeights_.assigned())
+        options.distance = HsvDistance{
+            {hueWeight_.get(), saturationWeight_.get(), valueWeight_.get()}};
+    options.dithers = dithering_.assigned();
+    return options;
 }

@@ -2,7 +2,6 @@
 
 #include "app/CommonOptions.h"
 #include "app/KavrinSubcommand.h"
-#include "beads/PaletteMatcher.h"
 #include "beads/PictureConversion.h"
 
 /// Turns a picture into a bead pattern against a palette.
@@ -20,10 +19,7 @@ private:
     using Fraction = VORN::ArgumentProcessor::SimpleValue<float>;
     using Parameter = VORN::ArgumentProcessor::Parameter;
 
-    std::optional<VORN::ColorBox> transparentColors(const VORN::PictureView& picture) const;
-    VORN::PaletteMatcher::Weights weights() const;
-    int convert(VORN::PictureView picture, const std::optional<VORN::ColorBox>& transparent,
-                const VORN::Palette& palette) const;
+    VORN::ConversionOptions options() const;
 
     Text& pictureFile_;
     Text& paletteFile_;

@@ -3,7 +3,6 @@
 #include "app/Artwork.h"
 #include "beads/LayerDrawing.h"
 #include "core/Exception.h"
-#include "core/SaveOutput.h"
 #include "migration/CodecSelection.h"
 
 #include <iostream>
@@ -19,14 +18,6 @@ std::string layerFile(const std::string& name, std::size_t layer) {
         return name;
     const std::size_t stem = std::min(name.rfind('.'), name.size());
     return name.substr(0, stem) + '_' + std::to_string(layer) + name.substr(stem);
-}
-
-bool saveImage(const std::string& name, const Migration::ImageSignal<unsigned char>& image) {
-    const auto exporter = Migration::chooseExporter(name);
-    return saveOutput(name, [&](WriteStream& out) {
-        exporter->setStream(&out);
-        image.exportImage(*exporter);
-    });
 }
 
 } // namespace
@@ -58,10 +49,10 @@ int ShowSubcommand::run() {
         std::cerr << imageFile_.get() << " is not a supported format. \n";
         return 1;
     }
-    Migration::ImageSignal<unsigned char> image;
+    Picture picture;
     for (std::size_t layer = 0; layer < pattern.layerCount(); ++layer) {
-        drawLayer(pattern, layer, palette, beadSize_.get(), background_.color(), image);
-        if (!saveImage(layerFile(imageFile_.get(), layer), image))
+        drawLayer(pattern.view(layer), palette, beadSize_.get(), background_.color(), picture);
+        if (!savePicture(layerFile(imageFile_.get(), layer), picture))
             return 1;
     }
     return 0;

@@ -38,7 +38,7 @@ private:
     Pattern panels_;
     std::vector<std::unique_ptr<Occupancy>> occupancies_; // a panel without one is not shared
     std::size_t givenUp_ = 0; // the panels before this one are not shared any more
-    bool isFallbackUntold_ = true;
+    bool saidFallback_ = false; // on standard error
 };
 
 } // namespace VORN

@@ -1,4 +1,4 @@
-#include "beads/PictureConversion.h"
+#include "beads/BeadMatching.h"
 #include "bench/SampleData.h"
 
 #include <benchmark/benchmark.h>
@@ -8,13 +8,12 @@ namespace {
 
 /// One colour after the other. Arguments: palette colours, whether they are compared as HSV.
 void nearestColor(benchmark::State& state) {
-    const PaletteMatcher::Weights weights =
-        state.range(1) != 0 ? PaletteMatcher::Weights{{1, 1, 1}} : PaletteMatcher::Weights{};
-    const PaletteMatcher matcher{Bench::palette(static_cast<unsigned>(state.range(0))), weights};
+    const PaletteMatcher matcher = Bench::matcher(state.range(0), state.range(1) != 0);
+    ColorCells cells{matcher};
     const auto bytes = Bench::noise(3 * 4096);
     for (auto _ : state)
         for (std::size_t i = 0; i < bytes.size(); i += 3)
-            benchmark::DoNotOptimize(matcher.nearest(
+            benchmark::DoNotOptimize(cells.nearest(
                 {toComponent(bytes[i]), toComponent(bytes[i + 1]), toComponent(bytes[i + 2])}));
     state.SetItemsProcessed(state.iterations() * 4096); // colours
 }
@@ -26,11 +25,11 @@ BENCHMARK(nearestColor)
 /// A picture as a pattern with a bead for each pixel. Argument: palette colours.
 void matchPicture(benchmark::State& state) {
     const auto picture = Bench::photo(1000, 1000);
-    const PaletteMatcher matcher{Bench::palette(static_cast<unsigned>(state.range(0))), {}};
-    Pattern pattern;
-    pattern.AddFilledLayer({1000U, 1000U}, kNoBead);
+    const PaletteMatcher matcher = Bench::matcher(state.range(0), false);
+    const LayerShape shape{PatternStyle::Square, {1000U, 1000U}};
+    std::string content(shape.contentLength(), kNoBead);
     for (auto _ : state)
-        matchBeads(PictureView{picture}, matcher, {}, pattern);
+        matchBeads(picture, matcher, {}, shape, content);
     state.SetItemsProcessed(state.iterations() * 1000 * 1000); // pixels
 }
 BENCHMARK(matchPicture)

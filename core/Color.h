@@ -3,6 +3,7 @@
 #include "core/Tuple.h"
 
 #include <algorithm>
+#include <array>
 
 namespace VORN {
 
@@ -37,11 +38,47 @@ inline unsigned char toByte(float component) {
     return scaled > 0.0 ? static_cast<unsigned char>(std::min(scaled, 255.0)) : 0;
 }
 
-/// The squared Euclidean distance, summed in the order red, green, blue.
-float rgbDistance(const Color& a, const Color& b);
+/// Where a colour lies in the space in which colours are compared: its three coordinates. The fourth
+/// is 0 and completes a vector of the machine.
+using ColorPlace = std::array<float, 4>;
 
-/// The squared distance in HSV space; each weight (hue, saturation, value) multiplies its
-/// difference before squaring. Hue differences do not wrap around, deliberately.
-float hsvDistance(const Color& a, const Color& b, const Vector<3, float>& weights);
+/// The squared Euclidean distance of red, green and blue, summed in this order.
+struct RgbDistance {
+    /// Where a colour lies that has these components.
+    static ColorPlace place(const ColorPlace& rgb) { return rgb; }
+    /// What the difference of each coordinate is multiplied with.
+    static ColorPlace weights() { return {1.0F, 1.0F, 1.0F}; }
+
+    float operator()(const ColorPlace& a, const ColorPlace& b) const {
+        const float red = a[0] - b[0];
+        const float green = a[1] - b[1];
+        const float blue = a[2] - b[2];
+        return red * red + green * green + blue * blue;
+    }
+    float operator()(const Color& a, const Color& b) const;
+};
+
+/// The squared distance of hue, saturation and value, summed in this order; each weight multiplies
+/// its difference before squaring. Hue differences do not wrap around, deliberately.
+class HsvDistance {
+public:
+    explicit HsvDistance(const Vector<3, float>& weights)
+        : weights_{weights[0], weights[1], weights[2]} {}
+
+    /// As `RgbDistance`.
+    static ColorPlace place(const ColorPlace& rgb);
+    const ColorPlace& weights() const { return weights_; }
+
+    float operator()(const ColorPlace& a, const ColorPlace& b) const {
+        const float hue = (a[0] - b[0]) * weights_[0];
+        const float saturation = (a[1] - b[1]) * weights_[1];
+        const float value = (a[2] - b[2]) * weights_[2];
+        return hue * hue + saturation * saturation + value * value;
+    }
+    float operator()(const Color& a, const Color& b) const;
+
+private:
+    ColorPlace weights_;
+};
 
 } // namespace VORN

@@ -9,14 +9,21 @@ namespace VORN::Migration {
 
 namespace {
 
-constexpr std::size_t kChannels = 3;
+constexpr std::size_t kColorChannels = 3;
 
-/// Where the bytes of red, green and blue lie in a picture that was imported.
+/// Where the bytes that are kept lie in a picture that was imported: red, green and blue, or grey.
 struct SampleLayout {
     std::uint64_t pixelStride;
     std::uint64_t lineStride;
-    std::array<std::size_t, kChannels> offsets; // of the byte that is kept, within a pixel
-    unsigned char scale;                        // what the kept byte is multiplied with
+    std::size_t channels;                            // kept, 1 or 3
+    std::array<std::size_t, kColorChannels> offsets; // of the byte that is kept, within a pixel
+    unsigned char scale;                             // what the kept byte is multiplied with
+
+    /// Whether the picture is already as it is to be.
+    bool isPacked(std::uint32_t width) const {
+        return scale == 1 && pixelStride == channels && offsets[channels - 1] == channels - 1 &&
+               offsets[0] == 0 && lineStride == channels * std::uint64_t{width};
+    }
 };
 
 std::size_t sampleBytes(const SampleType& type) {
@@ -34,29 +41,29 @@ SampleLayout layoutOf(const ImageMetadata& metadata) {
     const auto& channels = format.channelOffsets;
     if (channels.empty())
         throw SupportException{kNoOrigin, "pictures without channels"};
-    const bool isPacked = metadata.type.bits == 1 && metadata.pixelAlignment == 0;
-    SampleLayout layout{format.pixelStride, format.lineStride, {}, 1};
-    if (isPacked) {
+    const bool isBitmap = metadata.type.bits == 1 && metadata.pixelAlignment == 0;
+    SampleLayout layout{format.pixelStride, format.lineStride,
+                        channels.size() < kColorChannels ? 1 : kColorChannels, {}, 1};
+    if (isBitmap) {
         layout.pixelStride = channels.size();
         layout.lineStride = layout.pixelStride * metadata.width;
     }
     if (metadata.type.bits == 1)
         layout.scale = 255;
-    const bool isGrey = channels.size() < kChannels;
-    for (std::size_t c = 0; c < kChannels; ++c)
-        layout.offsets[c] = bytes * channels[isGrey ? 0 : c];
+    for (std::size_t c = 0; c < layout.channels; ++c)
+        layout.offsets[c] = bytes * channels[c];
     if (std::ranges::max(layout.offsets) >= layout.pixelStride)
         throw SupportException{kNoOrigin, "pictures with samples of a part of a byte"};
     return layout;
 }
 
-/// Moves the three bytes of pixel `pixel` to where they belong.
+/// Moves the bytes of pixel `pixel` that are kept to where they belong.
 void movePixel(const SampleLayout& layout, std::uint8_t* memory, std::size_t pixel) {
     const std::uint8_t* source = memory + pixel * static_cast<std::size_t>(layout.pixelStride);
-    const std::array<std::uint8_t, kChannels> rgb{
-        source[layout.offsets[0]], source[layout.offsets[1]], source[layout.offsets[2]]};
-    for (std::size_t c = 0; c < kChannels; ++c)
-        memory[pixel * kChannels + c] = static_cast<std::uint8_t>(rgb[c] * layout.scale);
+    std::array<std::uint8_t, kColorChannels> kept;
+    for (std::size_t c = 0; c < layout.channels; ++c)
+        kept[c] = static_cast<std::uint8_t>(source[layout.offsets[c]] * layout.scale);
+    std::copy_n(kept.begin(), layout.channels, memory + pixel * layout.channels);
 }
 
 /// Moves the lines of a picture together, so that no bytes lie between them.
@@ -69,57 +76,47 @@ void closeLines(std::uint8_t* bytes, SampleLayout& layout, std::size_t width, st
     layout.lineStride = lineBytes;
 }
 
-/// Turns a picture into red, green and blue bytes within the same memory.
+/// Leaves the bytes that are kept, side by side, within the same memory.
 ///
-/// Where pixels shrink every byte moves towards the front, so the walk starts there; where they
-/// grow it starts at the end. The picture lies in the memory as the layout says, so that its
-/// strides are sizes.
+/// The picture lies in the memory as the layout says, so that its strides are sizes. No pixel takes
+/// more bytes than before, so every byte moves towards the front.
 void packInPlace(IncrementalBuffer& bytes, SampleLayout layout, std::size_t width,
                  std::size_t height) {
-    const std::uint64_t packed = std::uint64_t{kChannels} * width * height;
-    const std::size_t pixels = width * height;
-    closeLines(bytes.writableData().data(), layout, width, height);
-    const bool grows = layout.pixelStride < kChannels;
-    if (grows)
-        bytes.resize(packed);
     std::uint8_t* const memory = bytes.writableData().data();
-    for (std::size_t k = 0; k < pixels; ++k)
-        movePixel(layout, memory, grows ? pixels - 1 - k : k);
-    bytes.resize(packed);
+    closeLines(memory, layout, width, height);
+    for (std::size_t pixel = 0; pixel < width * height; ++pixel)
+        movePixel(layout, memory, pixel);
+    bytes.resize(layout.channels * width * height);
+}
+
+/// The samples of a picture of that layout, which `bytes` holds.
+Tuple<3, unsigned> pack(IncrementalBuffer& bytes, const ImageMetadata& metadata) {
+    const SampleLayout layout = layoutOf(metadata);
+    const std::uint64_t needed = layout.lineStride * metadata.height;
+    if (bytes.size() < needed)
+        throw SpaceException<std::uint64_t>{kNoOrigin, needed, bytes.size()};
+    if (needed > 0 && !layout.isPacked(metadata.width))
+        packInPlace(bytes, layout, metadata.width, metadata.height);
+    return {layout.channels, metadata.width, metadata.height};
 }
 
 } // namespace
 
 template <class T>
-void ImageSignal<T>::Resize(const Tuple<3, unsigned>& size) {
-    bytes_.resize(sampleCount(size));
-    this->refer(size, bytes_.writableData().data());
-}
-
-template <class T>
-void ImageSignal<T>::importImage(DataImporter& importer) {
-    ImageMetadata metadata;
-    importer.importImage(bytes_, metadata);
-    const SampleLayout layout = layoutOf(metadata);
-    const std::uint64_t needed = layout.lineStride * metadata.height;
-    if (bytes_.size() < needed)
-        throw SpaceException<std::uint64_t>{kNoOrigin, needed, bytes_.size()};
-    const bool isPackedAlready = layout.pixelStride == kChannels && metadata.type.bits == 8 &&
-                                 metadata.format != ImageMetadata::Format::Bgra &&
-                                 layout.lineStride == std::uint64_t{kChannels} * metadata.width;
-    if (!isPackedAlready && needed > 0)
-        packInPlace(bytes_, layout, metadata.width, metadata.height);
-    Resize({kChannels, metadata.width, metadata.height});
+ImageSignal<T>::ImageSignal(IncrementalBuffer& buffer, const ImageMetadata& metadata) {
+    const Tuple<3, unsigned> size = pack(buffer, metadata);
+    this->refer(size, buffer.data().data());
 }
 
 template <class T>
 void ImageSignal<T>::exportImage(DataExporter& exporter) const {
     ImageMetadata metadata;
+    metadata.channels = this->size()[0];
     metadata.width = this->size()[1];
     metadata.height = this->size()[2];
-    metadata.channels = this->size()[0];
-    metadata.format = ImageMetadata::Format::Rgba;
-    exporter.exportImage(bytes_, metadata);
+    metadata.format = metadata.channels == 1 ? ImageMetadata::Format::Intensity
+                                             : ImageMetadata::Format::Rgba;
+    exporter.exportImage(BorrowConstBuffer{this->samples()}, metadata);
 }
 
 template class ImageSignal<unsigned char>;

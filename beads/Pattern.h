@@ -26,7 +26,7 @@ struct LayerView {
 class Pattern {
 public:
     struct Layer {
-        std::string content; // the symbols as the file has them, see `LayerShape`
+        std::string content;     // the symbols as the file has them, see `LayerShape`
         Tuple<2, unsigned> size; // width and height in beads
     };
 

@@ -6,19 +6,36 @@
 namespace VORN {
 namespace {
 
-/// One colour after the other. Arguments: palette colours, whether they are compared as HSV.
-void nearestColor(benchmark::State& state) {
-    const PaletteMatcher matcher = Bench::matcher(state.range(0), state.range(1) != 0);
-    ColorCells cells{matcher};
+/// One colour after the other, found by `find`. Arguments: palette colours, whether they are
+/// compared as HSV.
+template <class Find>
+void nearestColor(benchmark::State& state, Find find) {
     const auto bytes = Bench::noise(3 * 4096);
     for (auto _ : state)
         for (std::size_t i = 0; i < bytes.size(); i += 3)
-            benchmark::DoNotOptimize(cells.nearest(
+            benchmark::DoNotOptimize(find(
                 {toComponent(bytes[i]), toComponent(bytes[i + 1]), toComponent(bytes[i + 2])}));
     state.SetItemsProcessed(state.iterations() * 4096); // colours
 }
-BENCHMARK(nearestColor)
-    ->Name("NearestColor")
+
+void nearestByCells(benchmark::State& state) {
+    const PaletteMatcher matcher = Bench::matcher(state.range(0), state.range(1) != 0);
+    ColorCells cells{matcher};
+    nearestColor(state, [&](const ColorPlace& rgb) { return cells.nearest(rgb); });
+}
+BENCHMARK(nearestByCells)
+    ->Name("NearestColor/cells")
+    ->ArgNames({"colors", "hsv"})
+    ->ArgsProduct({{16, 62, 256}, {0, 1}});
+
+void nearestOfAll(benchmark::State& state) {
+    const PaletteMatcher matcher = Bench::matcher(state.range(0), state.range(1) != 0);
+    nearestColor(state, [&](const ColorPlace& rgb) {
+        return matcher.nearest(state.range(1) != 0 ? HsvDistance::place(rgb) : rgb);
+    });
+}
+BENCHMARK(nearestOfAll)
+    ->Name("NearestColor/all")
     ->ArgNames({"colors", "hsv"})
     ->ArgsProduct({{16, 62, 256}, {0, 1}});
 

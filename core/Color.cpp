@@ -46,11 +46,6 @@ float RgbDistance::operator()(const Color& a, const Color& b) const {
     return distanceOf(*this, a, b);
 }
 
-ColorPlace HsvDistance::place(const ColorPlace& rgb) {
-    const Tuple<3, float> hsv = Color{rgb[0], rgb[1], rgb[2]}.ToHSV();
-    return {hsv[0], hsv[1], hsv[2]};
-}
-
 float HsvDistance::operator()(const Color& a, const Color& b) const {
     return distanceOf(*this, a, b);
 }

@@ -38,8 +38,8 @@ inline unsigned char toByte(float component) {
     return scaled > 0.0 ? static_cast<unsigned char>(std::min(scaled, 255.0)) : 0;
 }
 
-/// Where a colour lies in the space in which colours are compared: its three coordinates. The fourth
-/// is 0 and completes a vector of the machine.
+/// Where a colour lies in the space in which colours are compared: its three coordinates. The
+/// fourth is 0 and completes a vector of the machine, so that all are worked on at once.
 using ColorPlace = std::array<float, 4>;
 
 /// The squared Euclidean distance of red, green and blue, summed in this order.
@@ -50,10 +50,10 @@ struct RgbDistance {
     static ColorPlace weights() { return {1.0F, 1.0F, 1.0F}; }
 
     float operator()(const ColorPlace& a, const ColorPlace& b) const {
-        const float red = a[0] - b[0];
-        const float green = a[1] - b[1];
-        const float blue = a[2] - b[2];
-        return red * red + green * green + blue * blue;
+        ColorPlace squares;
+        for (std::size_t i = 0; i < squares.size(); ++i)
+            squares[i] = (a[i] - b[i]) * (a[i] - b[i]);
+        return squares[0] + squares[1] + squares[2];
     }
     float operator()(const Color& a, const Color& b) const;
 };
@@ -66,14 +66,19 @@ public:
         : weights_{weights[0], weights[1], weights[2]} {}
 
     /// As `RgbDistance`.
-    static ColorPlace place(const ColorPlace& rgb);
+    static ColorPlace place(const ColorPlace& rgb) {
+        const Tuple<3, float> hsv = Color{rgb[0], rgb[1], rgb[2]}.ToHSV();
+        return {hsv[0], hsv[1], hsv[2]};
+    }
     const ColorPlace& weights() const { return weights_; }
 
     float operator()(const ColorPlace& a, const ColorPlace& b) const {
-        const float hue = (a[0] - b[0]) * weights_[0];
-        const float saturation = (a[1] - b[1]) * weights_[1];
-        const float value = (a[2] - b[2]) * weights_[2];
-        return hue * hue + saturation * saturation + value * value;
+        ColorPlace squares;
+        for (std::size_t i = 0; i < squares.size(); ++i) {
+            const float difference = (a[i] - b[i]) * weights_[i];
+            squares[i] = difference * difference;
+        }
+        return squares[0] + squares[1] + squares[2];
     }
     float operator()(const Color& a, const Color& b) const;
 

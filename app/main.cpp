@@ -1,7 +1,24 @@
 #include "app/Platform.h"
 #include "app/Program.h"
+#include "core/Console.h"
+
+#include <cstdlib>
+#include <exception>
+
+namespace {
+
+/// Where the language ends up when there is not even memory for an exception.
+[[noreturn]] void endWithoutException() {
+    if (std::current_exception() != nullptr)
+        std::abort();
+    VORN::complainOfNoMemory();
+    std::_Exit(1);
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
+    std::set_terminate(endWithoutException);
     VORN::letWritesFail();
     return VORN::runProgram(argc, argv);
 }

@@ -3,7 +3,6 @@
 #include "beads/BeadGeometry.h"
 #include "core/Conversion.h"
 #include "web/ReplaceComponent.h"
-#include "web/StaticComponent.h"
 
 #include <algorithm>
 #include <functional>
@@ -41,7 +40,11 @@ R"tex($(Palette)
 )tex"
 "% Draw beads in center of grid cells. \n"
 R"tex(\begin{scope}[shift={(0.5, 0.5)}]
-$(Pattern)
+)tex";
+
+// The beads stand here, each rendered when it is written.
+constexpr const char* kBlockEnd =
+R"tex(
 \end{scope}
 
 \end{tikzpicture}
@@ -107,9 +110,10 @@ void InstructionDocument::write(Text::TextWriter& out, const std::vector<Pattern
 InstructionDocument::Usage InstructionDocument::writeBlock(Text::TextWriter& out,
                                                            const LayerView& layer) {
     Usage usage;
-    values_["Pattern"] = beadLines(layer, usage);
+    render(out, Web::ReplaceComponent{kBlockStart});
+    writeBeads(out, layer, usage);
     values_["Usage"] = usageRows(usage);
-    render(out, Web::ReplaceComponent{std::string{kBlockStart} + kUsagePicture + "\n"});
+    render(out, Web::ReplaceComponent{std::string{kBlockEnd} + kUsagePicture + "\n"});
     return usage;
 }
 
@@ -131,14 +135,15 @@ std::string InstructionDocument::paletteLines() const {
 }
 
 /// Draws and counts the beads of a layer in content order.
-std::string InstructionDocument::beadLines(const LayerView& layer, Usage& usage) const {
+void InstructionDocument::writeBeads(Text::TextWriter& out, const LayerView& layer,
+                                     Usage& usage) const {
     const Web::ReplaceComponent bead{kBeadLine};
     const Web::ReplaceComponent cross{kCrossLine};
     Web::Values values;
     std::string& x = values["X"];
     std::string& y = values["Y"];
     std::string& entry = values["Entry"];
-    std::string lines;
+    std::string line;
     const BeadGeometry geometry{layer.shape};
     for (const Bead& place : layer.beads()) {
         const char symbol = layer.content[place.position];
@@ -146,10 +151,11 @@ std::string InstructionDocument::beadLines(const LayerView& layer, Usage& usage)
         x = Text::toText(position[0]);
         y = Text::toText(position[1]);
         entry.assign(1, symbol);
-        (palette_.Contains(symbol) ? bead : cross).render(lines, values);
+        line.clear();
+        (palette_.Contains(symbol) ? bead : cross).render(line, values);
+        out.write(line);
         usage.count(symbol);
     }
-    return lines;
 }
 
 /// The beads used of each palette colour, most used first, as rows of a TikZ matrix.

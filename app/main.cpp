@@ -1,9 +1,24 @@
+#include "app/Platform.h"
 #include "app/Program.h"
+#include "core/Console.h"
 
-#include <csignal>
+#include <cstdlib>
+#include <exception>
+
+namespace {
+
+/// Where the language ends up when there is not even memory for an exception.
+[[noreturn]] void endWithoutException() {
+    if (std::current_exception() != nullptr)
+        std::abort();
+    VORN::complainOfNoMemory();
+    std::_Exit(1);
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
-    // Output that nobody reads any more is a failed write, which is reported, and not the end.
-    std::signal(SIGPIPE, SIG_IGN);
+    std::set_terminate(endWithoutException);
+    VORN::letWritesFail();
     return VORN::runProgram(argc, argv);
 }

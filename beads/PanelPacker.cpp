@@ -1,10 +1,10 @@
 #include "beads/PanelPacker.h"
 
+#include "core/Console.h"
 #include "core/Hyperrectangle.h"
 
 #include <algorithm>
 #include <bit>
-#include <iostream>
 
 namespace VORN {
 
@@ -89,10 +89,10 @@ void PanelPacker::giveUpSharing() {
         if (!occupancy)
             continue;
         occupancy.reset();
-        if (!saidFallback_)
-            std::cerr << "Binary correlation not implemented, partial packing fall back to full "
-                         "panel packing.\n";
-        saidFallback_ = true;
+        if (warnsOfFallback_)
+            complain("Binary correlation not implemented, partial packing fall back to full panel "
+                     "packing.");
+        warnsOfFallback_ = false;
     }
 }
 

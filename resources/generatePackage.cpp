@@ -1,16 +1,17 @@
-// Writes the package of builtin palettes as a C++ source: generatePackage FOLDER OUTPUT.cpp
+// Writes the package of builtin palettes as a C++ source: generatePackage OUTPUT.cpp PALETTE...
 //
-// The palettes lie back to back from kFirstOffset on, after the leader, the index and its CRC-32.
+// Each palette is known by the name that it is given by. They lie back to back from kFirstOffset
+// on, after the leader, the index and its CRC-32.
 
 #include "core/BufferStream.h"
 #include "core/Crc32.h"
 #include "core/ResourcePackage.h"
 #include "core/Serialization.h"
 
-#include <array>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -18,10 +19,6 @@
 namespace {
 
 constexpr std::size_t kFirstOffset = 664;
-constexpr std::array kNames{
-    "artkal.txt", "artkal_mini.txt", "hama.txt",   "hama_mini.txt",
-    "ikea.txt",   "nabbi.txt",       "kavrin.txt", "kavrin_mini.txt",
-};
 
 std::string readFile(const std::string& path) {
     std::ifstream in{path, std::ios::binary};
@@ -30,16 +27,16 @@ std::string readFile(const std::string& path) {
     return {std::istreambuf_iterator<char>{in}, {}};
 }
 
-VORN::IncrementalBuffer makePackage(const std::string& folder) {
+VORN::IncrementalBuffer makePackage(std::span<const char* const> names) {
     VORN::IncrementalBuffer package;
     VORN::BufferStream stream{package};
     VORN::Serializer out{stream};
     std::string contents;
     out.put(VORN::ResourcePackage::kLeader);
-    out.put(std::uint32_t{kNames.size()});
-    for (const char* name : kNames) {
-        const std::string text = readFile(folder + "/" + name);
-        out.put(std::string{"palettes/"} + name);
+    out.put(static_cast<std::uint32_t>(names.size()));
+    for (const char* name : names) {
+        const std::string text = readFile(name);
+        out.put(std::string{name});
         out.put(std::map<std::string, std::string>{
             {"offset", std::to_string(kFirstOffset + contents.size())},
             {"size", std::to_string(text.size())}});
@@ -59,7 +56,7 @@ VORN::IncrementalBuffer makePackage(const std::string& folder) {
 void writeSource(const VORN::Buffer& package, const std::string& path) {
     constexpr int kBytesPerLine = 16;
     std::ofstream out{path};
-    out << "#include \"core/BuiltinPackage.h\"\n\n#include <array>\n\nnamespace VORN {\n\n"
+    out << "#include \"core/ResourcePackage.h\"\n\n#include <array>\n\nnamespace VORN {\n\n"
         << "namespace {\n\nconstexpr std::array<std::uint8_t, " << package.size()
         << "> kPackage{\n";
     int column = 0;
@@ -75,12 +72,12 @@ void writeSource(const VORN::Buffer& package, const std::string& path) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::cerr << "usage: generatePackage FOLDER OUTPUT.cpp\n";
+    if (argc < 2) {
+        std::cerr << "usage: generatePackage OUTPUT.cpp PALETTE...\n";
         return 2;
     }
     try {
-        writeSource(makePackage(argv[1]), argv[2]);
+        writeSource(makePackage({argv + 2, argv + argc}), argv[1]);
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << '\n';
         return 1;

@@ -10,7 +10,8 @@ namespace {
 /// A buffer that holds `bytes`.
 IncrementalBuffer filled(const Bytes& bytes) {
     IncrementalBuffer buffer;
-    buffer.append(bytes);
+    buffer.resize(bytes.size());
+    std::ranges::copy(bytes, buffer.writableData().begin());
     return buffer;
 }
 

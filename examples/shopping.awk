@@ -16,6 +16,7 @@ BEGIN {
         name[part[2]] = part[4]
     }
     while (box != "" && (getline line < box) > 0) {
+        sub(/^\357\273\277/, "", line) # the mark that spreadsheets put before UTF-8
         split(line, part, /[,;]/)
         stock[part[1]] += part[2]
     }

@@ -10,6 +10,7 @@
 #   first        the symbol of the first bead, 0 if not given
 #   symbols      a list of symbols from an earlier run; beads in it keep their symbols, new ones
 #   palette      come after them. The list may hold several palettes, of which this one is meant
+#   more         1 for symbols beyond the 62 that can be printed, up to 245; needs LC_ALL=C
 #   list         prints the list of symbols for a palette of this name in place of the palette
 #
 # The table has a line of headings: maker, size, code, name, red, green, blue, in any order. Colours
@@ -17,6 +18,7 @@
 
 BEGIN {
     all = "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
+    if (more) for (i = 1; i < 256; i++) addSymbol(sprintf("%c", i))
     if (first == "") first = "0"
     separator = ","
     if (symbols != "") readSymbols()
@@ -67,6 +69,11 @@ END {
     giveSymbols()
     for (place = 1; place <= length(all); place++)
         if (place in bead) writeBead(substr(all, place, 1), bead[place])
+}
+
+# Any byte but blanks, the sign of no bead, and what has a meaning in a table.
+function addSymbol(character) {
+    if (!index(all " \t\n\v\f\r.,\"\177", character)) all = all character
 }
 
 function fail(message) {

@@ -20,7 +20,9 @@ BEGIN {
 
 /^\\documentclass/ { print "\\RequirePackage{fix-cm}" } # fonts of any size
 
-/^\\geometry/ && paper == "letter" { sub(/a4paper,total=\{170mm,257mm\}/, "letterpaper,total={176mm,239mm}") }
+/^\\geometry/ && paper == "letter" {
+    sub(/a4paper,total=\{170mm,257mm\}/, "letterpaper,total={176mm,239mm}")
+}
 
 /^\\begin\{framed\}/ && board++ && !total { print "\\pagebreak" }
 /^\\pagebreak/ { total = 1 }
@@ -38,8 +40,10 @@ BEGIN {
     columns = rows = 0
     grid = 1
     sub(/default=\{0.8mm\}/, "default={0.16*" pitch "}")
-    sub(/\]$/, ",disc/.style={circle,anchor=center,draw=black,line width=0.03*" pitch ",inner sep=0pt,outer sep=0pt,minimum size=0.92*" \
-        pitch ",font=\\fontsize{0.75\\dimexpr" pitch "\\relax}{0pt}\\ttfamily}]")
+    style = "circle,anchor=center,draw=black,line width=0.03*" pitch ",inner sep=0pt,outer sep=0pt"
+    style = style ",minimum size=0.92*" pitch
+    style = style ",font=\\fontsize{0.75\\dimexpr" pitch "\\relax}{0pt}\\ttfamily"
+    sub(/\]$/, ",disc/.style={" style "}]")
 }
 
 /^\\definecolor\{color_/ {
@@ -80,8 +84,8 @@ inUsage && /^\\node/ {
     sub(/\}.*/, "", count)
     text = count
     if (symbol in bead) text = text "~{\\small " escaped(bead[symbol]) "}"
-    printf "%s\\node [%s,label={right:%s}] at (0, 0) {%s};", used ? (used % (beads == "" ? 8 : 3) ? " &\n" : " \\\\\n") : "",
-        disc(symbol), text, printed(symbol)
+    if (used) print used % (beads == "" ? 8 : 3) ? " &" : " \\\\"
+    printf "\\node [%s,label={right:%s}] at (0, 0) {%s};", disc(symbol), text, printed(symbol)
     used++
     next
 }
@@ -128,11 +132,16 @@ function escaped(text,   i, character, all) {
     return all
 }
 
-function readBeads(   line, part) {
+function readBeads(   line, part, found) {
     while ((getline line < beads) > 0) {
         sub(/\r$/, "", line)
         split(line, part, ",")
-        if (palette == "" || part[1] == palette) bead[part[2]] = part[3] == part[4] ? part[3] : part[3] " " part[4]
+        if (part[1] == "palette" || palette != "" && part[1] != palette) continue
+        bead[part[2]] = part[3] == part[4] ? part[3] : part[3] " " part[4]
+        found++
     }
     close(beads)
+    if (found) return
+    print "There are no beads" (palette == "" ? "" : " of " palette) " in \"" beads "\"." > "/dev/stderr"
+    exit 1
 }

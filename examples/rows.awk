@@ -34,11 +34,16 @@ function flush() {
     count = 0
 }
 
-function readBeads(   text, part) {
+function readBeads(   text, part, found) {
     while ((getline text < beads) > 0) {
         sub(/\r$/, "", text)
         split(text, part, ",")
-        if (palette == "" || part[1] == palette) name[part[2]] = part[4]
+        if (part[1] == "palette" || palette != "" && part[1] != palette) continue
+        name[part[2]] = part[4]
+        found++
     }
     close(beads)
+    if (found) return
+    print "There are no beads" (palette == "" ? "" : " of " palette) " in \"" beads "\"." > "/dev/stderr"
+    exit 1
 }

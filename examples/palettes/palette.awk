@@ -33,7 +33,7 @@ NR == 1 {
     for (i = 1; i <= fields; i++) column[heading[i]] = i
     fields = split("maker code name red green blue", needed, " ")
     for (i = 1; i <= fields; i++)
-        if (!(needed[i] in column)) fail("The table has no column \"" needed[i] "\".")
+        if (!(needed[i] in column)) fail("The table has no column " needed[i] ".")
     next
 }
 
@@ -63,7 +63,10 @@ END {
         only = maker SUBSEP ""
     }
     for (row = 1; row <= rows; row++)
-        if (rowGroup[row] == only && !(code[row] in rowOf)) { order[++beads] = row; rowOf[code[row]] = row }
+        if (rowGroup[row] == only && !(code[row] in rowOf)) {
+            order[++beads] = row
+            rowOf[code[row]] = row
+        }
     if (codes != "") pickCodes()
     if (spread != "" && spread + 0 < beads) pickSpread(spread + 0)
     giveSymbols()
@@ -109,13 +112,14 @@ function split_line(line, into,   count, position, quoted, character) {
 
 function byte(heading,   value) {
     value = field[column[heading]]
-    if (value !~ /^[0-9]+$/ || value + 0 > 255) fail("Line " NR ": " heading " is not a number from 0 to 255.")
+    if (value !~ /^[0-9]+$/ || value + 0 > 255)
+        fail("Line " NR ": " heading " is not a number from 0 to 255.")
     return value + 0
 }
 
 # Reads which symbols the beads have had so far.
-function readSymbols(   line, parts, place) {
-    while ((getline line < symbols) > 0) {
+function readSymbols(   read, line, parts, place) {
+    while ((read = getline line < symbols) > 0) {
         sub(/\r$/, "", line)
         split_line(line, parts)
         place = index(all, parts[2])
@@ -124,6 +128,7 @@ function readSymbols(   line, parts, place) {
         if (place > last) last = place
     }
     close(symbols)
+    if (read < 0) fail("Failed to open " symbols)
 }
 
 function pickCodes(   words, count, i, ends, from, to, row) {
@@ -162,7 +167,8 @@ function pickSpread(wanted,   i, taken, farthest, row, kept) {
     if (!taken) { take(order[1]); taken = 1 }
     for (; taken < wanted; taken++) {
         farthest = order[1]
-        for (i = 2; i <= beads; i++) if (distance[order[i]] > distance[farthest]) farthest = order[i]
+        for (i = 2; i <= beads; i++)
+            if (distance[order[i]] > distance[farthest]) farthest = order[i]
         take(farthest)
     }
     for (i = 1; i <= beads; i++) if (order[i] in chosen) order[++kept] = order[i]

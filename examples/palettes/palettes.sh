@@ -4,6 +4,7 @@
 set -eu
 cd "$(dirname "$0")"
 
+touch symbols.csv
 echo palette,symbol,code,name,colour > symbols.new
 palette() { # NAME MAKER SIZE CODES [HOW MANY]
     set -- "$1" -v maker="$2" -v size="$3" -v codes="$4" -v spread="${5-}" \
@@ -17,7 +18,8 @@ palette() { # NAME MAKER SIZE CODES [HOW MANY]
 solid='H01..H12 H17 H18 H20..H22 H26..H31 H33 H43..H49 H60 H70 H71 H75..H98'
 palette hama-midi.txt Hama midi "$solid"
 palette hama-midi-100.txt Hama midi 'H101..H119'
-palette hama-midi-special.txt Hama midi 'H13..H16 H19 H24 H25 H32 H34..H42 H15 H55..H57 H61..H64 H72..H74'
+palette hama-midi-special.txt Hama midi \
+    'H13..H16 H19 H24 H25 H32 H34..H42 H15 H55..H57 H61..H64 H72..H74'
 palette hama-mini.txt Hama mini "$solid"
 palette hama-mini-100.txt Hama mini 'H101..H119'
 palette hama-mini-special.txt Hama mini 'H13..H16 H19 H24 H32 H34..H42'

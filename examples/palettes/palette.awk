@@ -29,7 +29,7 @@ BEGIN {
 NR == 1 {
     sub(/^\357\273\277/, "") # the mark that spreadsheets put before UTF-8
     if (!index($0, ",")) separator = ";"
-    fields = split_line($0, heading)
+    fields = splitLine($0, heading)
     for (i = 1; i <= fields; i++) column[heading[i]] = i
     fields = split("maker code name red green blue", needed, " ")
     for (i = 1; i <= fields; i++)
@@ -38,7 +38,7 @@ NR == 1 {
 }
 
 NF {
-    fields = split_line($0, field)
+    fields = splitLine($0, field)
     thisSize = "size" in column ? field[column["size"]] : ""
     group = field[column["maker"]] SUBSEP thisSize
     if (!(group in inTable)) groups[++groupCount] = group
@@ -96,7 +96,7 @@ function failWithRanges(message,   i, parts) {
 }
 
 # Splits a line of a table, in which a field with commas stands in quotes; returns their number.
-function split_line(line, into,   count, position, quoted, character) {
+function splitLine(line, into,   count, position, quoted, character) {
     if (!index(line, "\"")) return split(line, into, separator)
     delete into
     count = 1
@@ -121,7 +121,7 @@ function byte(heading,   value) {
 function readSymbols(   read, line, parts, place) {
     while ((read = getline line < symbols) > 0) {
         sub(/\r$/, "", line)
-        split_line(line, parts)
+        splitLine(line, parts)
         place = index(all, parts[2])
         if (parts[1] == "palette" || !place || palette != "" && parts[1] != palette) continue
         placeOf[parts[3]] = place

@@ -154,7 +154,7 @@ int main() {
         {"kavrin", "instruction", "palette.txt", "pattern.txt"},
     };
     constexpr std::size_t kMostRequests = 400;
-    const fs::path folder = fs::current_path() / "out-of-memory";
+    const fs::path folder = fs::current_path() / "out-of-memory-files";
     fs::remove_all(folder);
     fs::create_directory(folder);
     fs::current_path(folder);

@@ -29,6 +29,7 @@ TEST(JPEGImporter, DecodesAsAnIndependentDecoderDoes) {
         {"grey-progressive", "grey.pgm"}, {"restart", "rgb444.ppm"},
         {"quality1", "quality1.ppm"},     {"quality100", "quality100.ppm"},
         {"rgb420-3x5", "rgb420-3x5.ppm"}, {"rgb420-1x1", "rgb420-1x1.ppm"},
+        {"rgb-4x2", "rgb-4x2.ppm"},       {"rgb-2x4", "rgb-2x4.ppm"},
     };
     for (const auto& [name, original] : kFixtures) {
         SCOPED_TRACE(name);

@@ -40,6 +40,7 @@ public:
     /// The way in which the scans of a frame hold its coefficients.
     class Mode;
 
+    /// A reader of the frame that `mode` was made for.
     explicit BlockReader(std::unique_ptr<Mode> mode);
     BlockReader(BlockReader&&) noexcept;
     BlockReader& operator=(BlockReader&&) noexcept;

@@ -56,7 +56,7 @@ public:
         if (padding_ > filled_)
             refuseMissingData(*this);
     }
-    /// Refuses the file for `detail`, unless that is only because its data had ended before.
+    /// Refuses the file for `detail`; if more bits were taken than it has, for that.
     [[noreturn]] void refuse(const char* detail) const { refuse(*this, detail); }
 
     /// Drops the bits up to the next marker and takes it; one that is not the reset marker

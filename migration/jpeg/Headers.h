@@ -35,8 +35,9 @@ struct FrameHeader {
 struct ScanHeader {
     struct ScanComponent {
         std::uint8_t selector = 0; // the identifier of a frame component
-        std::uint8_t dcTable = 0;  // selector, as above, which need not be looked at
-        std::uint8_t acTable = 0;  // another one
+        // Selectors of Huffman tables, 0 to 15; a scan looks only at those that it uses.
+        std::uint8_t dcTable = 0;
+        std::uint8_t acTable = 0;
     };
 
     JPEGVector<ScanComponent> components; // as many as the segment names, 0 to 255

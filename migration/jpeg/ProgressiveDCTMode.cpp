@@ -1,10 +1,10 @@
 #include "migration/jpeg/ProgressiveDCTMode.h"
 
 #include "core/Exception.h"
+#include "migration/jpeg/BandReader.h"
 #include "migration/jpeg/PictureWriter.h"
 
 #include <algorithm>
-#include <bit>
 
 namespace VORN::Migration::JPEG {
 
@@ -12,166 +12,10 @@ namespace {
 
 constexpr unsigned kMostLowBit = 13; // of successive approximation (ITU-T T.81, table B.3)
 
-/// Which coefficients an AC scan holds, and down to which bit.
-struct Band {
-    unsigned start; // zigzag numbers, both included, 1 to 63
-    unsigned end;
-    unsigned lowBit;
-
-    /// Bit k: the zigzag number k is within.
-    std::uint64_t mask() const {
-        return ~std::uint64_t{0} >> (63 - end) & ~std::uint64_t{0} << start;
-    }
-};
-
-/// The number of blocks, this one included, that hold nothing more in this scan; `run` is 0 to 14.
-unsigned readEndOfBandRun(unsigned run, ByteUnstuffer& bits) {
-    return (1U << run) + bits.take(run);
-}
-
-// Decoding a block is kept apart from the loops over the blocks, which would take the registers
-// that it needs.
-
-/// Reads the coefficients of a block for the first time (clause G.1.2.2). Returns the length of the
-/// end-of-band run that begins here, or 0.
-[[gnu::noinline]] unsigned readFirstBand(const Band& band, const HuffmanTable& table,
-                                         ByteUnstuffer& stream, CoefficientStore& store,
-                                         std::size_t index) {
-    ByteUnstuffer bits = stream;
-    CoefficientBlock* block = nullptr;
-    std::uint64_t mask = 0;
-    unsigned endOfBandRun = 0;
-    unsigned k = band.start;
-    while (k <= band.end) {
-        const auto [run, value] = table.takeCoefficient(bits);
-        if (value == 0 && run < 15) {
-            endOfBandRun = readEndOfBandRun(run, bits);
-            break;
-        }
-        k += run;
-        if (k > band.end)
-            bits.refuse("Coefficient beyond the end of its band. ");
-        // Bits that no coefficient has are cut off.
-        const auto coefficient = static_cast<std::int16_t>(value << band.lowBit);
-        if (coefficient != 0) {
-            if (block == nullptr)
-                block = &store.ac(index);
-            (*block)[kZigzagPlaces[k]] = coefficient;
-            mask |= std::uint64_t{1} << k;
-        }
-        ++k;
-    }
-    bits.requireData();
-    store.addToMask(index, mask);
-    stream = bits;
-    return endOfBandRun;
-}
-
-/// Goes over a band, adding one bit to the coefficients that are set already (clause G.1.2.3).
-class BandRefiner {
-public:
-    /// `mask` tells the coefficients that are set; `block` may be null where there are none.
-    BandRefiner(const Band& band, ByteUnstuffer& bits, CoefficientBlock* block, std::uint64_t mask)
-        : bits_{&bits},
-          block_{block},
-          step_{1 << band.lowBit},
-          k_{band.start},
-          end_{band.end},
-          pending_{mask & band.mask()} {}
-
-    /// Refines up to the first coefficient that is not set behind `zeros` such ones, which becomes
-    /// the present one; the end of the band stops it.
-    void skipZeros(unsigned zeros) {
-        while (pending_ != 0) {
-            const auto next = static_cast<unsigned>(std::countr_zero(pending_));
-            if (next - k_ > zeros)
-                break;
-            zeros -= next - k_;
-            refine(next);
-        }
-        k_ += zeros;
-    }
-    void refineRest() {
-        while (pending_ != 0)
-            refine(static_cast<unsigned>(std::countr_zero(pending_)));
-    }
-
-    bool isAtEnd() const { return k_ > end_; }
-    unsigned present() const { return k_; }
-    void next() { ++k_; }
-
-private:
-    void refine(unsigned k) {
-        std::int16_t& coefficient = (*block_)[kZigzagPlaces[k]];
-        const int step = coefficient < 0 ? -step_ : step_;
-        // A bit that is set stays so, as it may come twice. It is as good as random, so that no
-        // branch may hang on it.
-        const bool isClear = (coefficient & step_) == 0;
-        const int mask = -static_cast<int>(bits_->takeBit() & isClear);
-        coefficient = static_cast<std::int16_t>(coefficient + (step & mask));
-        pending_ &= pending_ - 1;
-        k_ = k + 1;
-    }
-
-    ByteUnstuffer* bits_;
-    CoefficientBlock* block_;
-    int step_;
-    unsigned k_; // zigzag number of the present coefficient
-    unsigned end_;
-    std::uint64_t pending_; // coefficients from `k_` on that still want their bit
-};
-
-/// Refines a block and sets further coefficients. Returns as `readFirstBand` does.
-[[gnu::noinline]] unsigned refineBand(const Band& band, const HuffmanTable& table,
-                                      ByteUnstuffer& stream, CoefficientStore& store,
-                                      std::size_t index) {
-    ByteUnstuffer bits = stream;
-    std::uint64_t mask = store.mask(index);
-    CoefficientBlock* block = mask == 0 ? nullptr : &store.ac(index);
-    BandRefiner refiner{band, bits, block, mask};
-    unsigned endOfBandRun = 0;
-    while (!refiner.isAtEnd()) {
-        const std::uint8_t symbol = table.takeSymbol(bits);
-        const unsigned run = symbol >> 4;
-        const unsigned size = symbol & 15U;
-        if (size == 0 && run < 15) {
-            endOfBandRun = readEndOfBandRun(run, bits);
-            refiner.refineRest();
-            break;
-        }
-        if (size > 1)
-            bits.refuse("More than 1 AC extend bits encountered. ");
-        const bool isPositive = size == 1 && bits.takeBit();
-        refiner.skipZeros(run);
-        if (refiner.isAtEnd())
-            bits.refuse("Coefficient beyond the end of its band. ");
-        if (size == 1) {
-            if (block == nullptr)
-                block = &store.ac(index);
-            const unsigned k = refiner.present();
-            const int value = 1 << band.lowBit;
-            (*block)[kZigzagPlaces[k]] = static_cast<std::int16_t>(isPositive ? value : -value);
-            mask |= std::uint64_t{1} << k;
-        }
-        refiner.next();
-    }
-    bits.requireData();
-    store.addToMask(index, mask);
-    stream = bits;
-    return endOfBandRun;
-}
-
-/// Refines the blocks from `begin` up to `end`, which are within an end-of-band run.
-void refineRun(const Band& band, ByteUnstuffer& stream, CoefficientStore& store, std::size_t begin,
-               std::size_t end) {
-    const std::uint64_t wanted = band.mask();
-    for (std::size_t index = store.find(wanted, begin, end); index != end;
-         index = store.find(wanted, index + 1, end)) {
-        ByteUnstuffer bits = stream;
-        BandRefiner{band, bits, &store.ac(index), store.mask(index)}.refineRest();
-        bits.requireData();
-        stream = bits;
-    }
+Band bandOf(const ScanHeader& header) {
+    return {.start = header.spectralStart,
+            .end = header.spectralEnd,
+            .lowBit = header.approximationLow};
 }
 
 } // namespace
@@ -291,21 +135,18 @@ void ProgressiveDCTMode::refineDc(const ScanHeader& header, ByteUnstuffer& bits)
 void ProgressiveDCTMode::readFirstAc(const ScanHeader& header, const Tables& tables,
                                      ByteUnstuffer& bits) {
     CoefficientStore& store = stores_[componentOf(header.components[0])];
-    const HuffmanTable& table = tables.acTable(header.components[0].acTable);
-    const Band band{header.spectralStart, header.spectralEnd, header.approximationLow};
+    BandReader reader{bandOf(header), tables.acTable(header.components[0].acTable), store};
     for (std::size_t block = 0; block < store.blocks();)
-        block += std::max(readFirstBand(band, table, bits, store, block), 1U);
+        block += reader.readFirst(bits, block);
 }
 
 void ProgressiveDCTMode::refineAc(const ScanHeader& header, const Tables& tables,
                                   ByteUnstuffer& bits) {
     CoefficientStore& store = stores_[componentOf(header.components[0])];
-    const HuffmanTable& table = tables.acTable(header.components[0].acTable);
-    const Band band{header.spectralStart, header.spectralEnd, header.approximationLow};
+    BandReader reader{bandOf(header), tables.acTable(header.components[0].acTable), store};
     for (std::size_t block = 0; block < store.blocks();) {
-        const unsigned run = std::max(refineBand(band, table, bits, store, block), 1U);
-        const std::size_t end = std::min(block + run, store.blocks());
-        refineRun(band, bits, store, block + 1, end);
+        const std::size_t end = std::min(block + reader.refine(bits, block), store.blocks());
+        reader.refineRun(bits, block + 1, end);
         block = end;
     }
 }

@@ -63,7 +63,8 @@ public:
     /// no defined value.
     virtual void Resize(const Tuple<N, unsigned>& size) = 0;
 
-    /// Exchanges the dimensions `a` and `b`, size and samples; above 2 is a `BoundException`.
+    /// Exchanges the dimensions `a` and `b`, size and samples; equal ones, whatever they are, stay
+    /// as they are. One above 2 is a `BoundException`, of the smaller one where both are.
     void SwapDimensions(unsigned a, unsigned b) requires(N == 3 && std::same_as<T, unsigned char>);
     /// New dimension k becomes old dimension `order[k]`; what is not a permutation of 0, 1, 2 is an
     /// `UnexpectedValueException`.

@@ -34,7 +34,7 @@ inline constexpr ChunkType kEnd = chunkType(3);
 /// Throws the `FormatException` of the format "png".
 [[noreturn]] void refuse(std::string detail);
 
-/// The image header (PNG, clause 11.2.2), its fields in file order.
+/// The image header (PNG, clause 11.2.2), its fields in file order; all 0 until one is read.
 struct IHDR {
     static constexpr std::size_t kBytes = 13;
     static constexpr std::uint8_t kGrey = 0;
@@ -45,15 +45,17 @@ struct IHDR {
 
     std::uint32_t width = 0;
     std::uint32_t height = 0;
-    std::uint8_t bitDepth = 8;
+    std::uint8_t bitDepth = 0;
     std::uint8_t colorType = kGrey;
     std::uint8_t compressionMethod = 0;
     std::uint8_t filterMethod = 0;
     std::uint8_t interlaceMethod = 0;
 
-    /// Takes what the bytes of the chunk say; a method other than 0 is a `SupportException`.
-    static IHDR parse(std::span<const std::uint8_t, kBytes> bytes);
-    /// The header of a picture; what cannot be written is a `SupportException`.
+    /// Reads the fields; a method other than 0 is a `SupportException`, and an end before the last
+    /// field the stream's own exception.
+    static IHDR read(ReadStream& in);
+    /// The header of a picture; what cannot be written is a `SupportException`. Colour types other
+    /// than grey deliberately take any number of bits, of which the field keeps the low eight.
     static IHDR of(const ImageMetadata& metadata);
 
     std::array<std::uint8_t, kBytes> bytes() const;

@@ -16,7 +16,6 @@ namespace {
 
 constexpr std::size_t kPieceBytes = std::size_t{1} << 18; // read at once, arrived or not
 constexpr std::uint8_t kAncillary = 0x20;                 // in a chunk type's first letter
-constexpr std::uint8_t kIndexBits = 8;
 constexpr std::uint64_t kKeptBytes = 3 * 256;     // of a chunk other than IDAT: the largest palette
 constexpr std::uint64_t kLargestExpansion = 1032; // 2 bits of DEFLATE repeat 258 bytes at most
 
@@ -26,7 +25,7 @@ void PNGImporter::importImage(DynamicBuffer& buffer, Metadata& metadata) {
     readSignature();
     while (takeChunk(readChunk()))
         ;
-    const ImageMetadata imageMetadata = header_->metadata();
+    const ImageMetadata imageMetadata = header_.metadata();
     metadata.assign(imageMetadata);
     decode(buffer, imageMetadata);
 }
@@ -81,10 +80,8 @@ std::uint32_t PNGImporter::readNumber() {
 
 /// Returns whether more chunks follow.
 bool PNGImporter::takeChunk(const Chunk& chunk) {
-    if (!header_ && chunk.type != PNG::kHeader)
-        PNG::refuse("first chunk is not the header");
     if (chunk.type == PNG::kHeader)
-        takeHeader(chunk);
+        takeHeader();
     else if (chunk.type == PNG::kPalette)
         takePalette(chunk);
     else if (chunk.type == PNG::kEnd)
@@ -94,10 +91,9 @@ bool PNGImporter::takeChunk(const Chunk& chunk) {
     return chunk.type != PNG::kEnd;
 }
 
-void PNGImporter::takeHeader(const Chunk& chunk) {
-    if (chunk.length < PNG::IHDR::kBytes)
-        PNG::refuse("header chunk is too short");
-    header_ = PNG::IHDR::parse(data_.data().first<PNG::IHDR::kBytes>());
+void PNGImporter::takeHeader() {
+    ConstBufferStream fields{data_};
+    header_ = PNG::IHDR::read(fields);
 }
 
 void PNGImporter::takePalette(const Chunk& chunk) {
@@ -106,7 +102,7 @@ void PNGImporter::takePalette(const Chunk& chunk) {
     if (chunk.length % 3 != 0)
         PNG::refuse("palette size not a multiple of 3");
     // From 32 on any length will do.
-    if (chunk.length > std::uint64_t{3} << std::min<unsigned>(header_->bitDepth, 32))
+    if (chunk.length > std::uint64_t{3} << std::min<unsigned>(header_.bitDepth, 32))
         PNG::refuse("palette size larger than bit depth support");
     if (chunk.length == 0)
         PNG::refuse("empty palette");
@@ -117,17 +113,13 @@ void PNGImporter::takePalette(const Chunk& chunk) {
 void PNGImporter::checkEnd(const Chunk& chunk) const {
     if (chunk.length != 0)
         PNG::refuse("end chunk is not empty");
-    if (header_->colorType != PNG::IHDR::kIndexed)
-        return;
-    if (!palette_)
+    if (header_.colorType == PNG::IHDR::kIndexed && !palette_)
         PNG::refuse("missing palette indicated by header");
-    if (header_->bitDepth > kIndexBits)
-        PNG::refuse("palette indices of more than 8 bits");
 }
 
 void PNGImporter::decode(DynamicBuffer& buffer, const ImageMetadata& metadata) {
     const ImageFormatDescriptor format{metadata};
-    if (header_->colorType != PNG::IHDR::kIndexed) {
+    if (header_.colorType != PNG::IHDR::kIndexed) {
         decodeLines(buffer, format.lineStride, format.pixelStride, "image data size missmatch");
         return;
     }
@@ -137,14 +129,14 @@ void PNGImporter::decode(DynamicBuffer& buffer, const ImageMetadata& metadata) {
 
 /// Resizes `buffer` to the lines of the picture and decodes them into it.
 void PNGImporter::decodeLines(DynamicBuffer& buffer, std::uint64_t lineBytes,
-                              std::size_t pixelBytes, const char* misfit) {
+                              std::size_t pixelBytes, const char* sizeMismatch) {
     ConstBufferStream compressed{compressed_};
     ZlibHeader::read(compressed).check();
     // No memory for a picture that the data cannot fill; it is inflated all the same, to find out
     // what is wrong with it first.
-    const std::uint64_t bytes = lineBytes * header_->height;
+    const std::uint64_t bytes = lineBytes * header_.height;
     buffer.resize(bytes <= kLargestExpansion * compressed_.size() ? bytes : 0);
-    PNG::LineSink lines{buffer.writableData(), lineBytes, header_->height, pixelBytes, misfit};
+    PNG::LineSink lines{buffer.writableData(), lineBytes, header_.height, pixelBytes, sizeMismatch};
     inflate(compressed, lines);
     if (ZlibChecksum::read(compressed).value != lines.checksum())
         PNG::refuse("zlib checksum missmatch");

@@ -36,19 +36,19 @@ private:
     std::uint32_t readNumber();
 
     bool takeChunk(const Chunk& chunk);
-    void takeHeader(const Chunk& chunk);
+    void takeHeader();
     void takePalette(const Chunk& chunk);
     void checkEnd(const Chunk& chunk) const;
 
     void decode(DynamicBuffer& buffer, const ImageMetadata& metadata);
     void decodeLines(DynamicBuffer& buffer, std::uint64_t lineBytes, std::size_t pixelBytes,
-                     const char* misfit);
+                     const char* sizeMismatch);
     void expandPalette(DynamicBuffer& buffer) const;
 
     Crc32 checksum_;               // of the chunk that is being read
     IncrementalBuffer data_;       // of the chunk read last, as far as it can matter
     IncrementalBuffer compressed_; // the data of all IDAT chunks
-    std::optional<PNG::IHDR> header_;
+    PNG::IHDR header_;             // the last one
     std::optional<Palette> palette_;
 };
 

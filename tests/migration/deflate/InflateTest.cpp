@@ -24,19 +24,6 @@ Bytes inflated(std::span<const std::uint8_t> input, std::size_t& bytesRead) {
     return bytesOf(data);
 }
 
-/// Packs the digits in the order in which DEFLATE reads them; blanks only separate.
-Bytes packed(const std::string& digits, Bytes bytes = {}) {
-    unsigned filled = 0;
-    for (const char digit : digits) {
-        if (digit == ' ')
-            continue;
-        if (filled++ % 8 == 0)
-            bytes.push_back(0);
-        bytes.back() = static_cast<std::uint8_t>(bytes.back() | (digit - '0') << (filled - 1) % 8);
-    }
-    return bytes;
-}
-
 /// Holds the decoder to its plain twin: same complaint, or same data and as many bytes read.
 void expectLikePlain(std::span<const std::uint8_t> input, const char* expected = nullptr) {
     Bytes data, plainData;

@@ -8,13 +8,14 @@ namespace VORN::Migration {
 
 namespace {
 
-/// The typed form of `metadata`, read from its texts unless it has typed fields already.
+/// The typed form of `metadata` but for its format, read from its texts unless it has typed fields
+/// already.
 ImageMetadata typed(const Metadata& metadata) {
     if (const auto* image = dynamic_cast<const ImageMetadata*>(&metadata))
         return *image;
     ImageMetadata image;
     for (const char* key :
-         {"Width", "Height", "Pixel alignment", "Channels", "Type", "Line alignment", "Format"})
+         {"Width", "Height", "Pixel alignment", "Channels", "Type", "Line alignment"})
         image.set(key, metadata.get(key));
     return image;
 }
@@ -52,7 +53,7 @@ ImageFormatDescriptor::ImageFormatDescriptor(const Metadata& metadata) {
     multiply(lineStride, height);
     channelOffsets.resize(image.channels);
     std::iota(channelOffsets.begin(), channelOffsets.end(), 0U);
-    if (image.format == ImageMetadata::Format::Bgra && image.channels >= 3)
+    if (metadata.get("Format") == "BGRA" && image.channels >= 3)
         std::swap(channelOffsets[0], channelOffsets[2]);
 }
 

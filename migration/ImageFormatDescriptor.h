@@ -12,9 +12,13 @@ struct ImageFormatDescriptor {
     std::uint64_t lineStride = 0;              // bytes from one line to the next
     std::vector<std::uint32_t> channelOffsets; // per channel the sample slot that holds it
 
-    /// Alignments that give no whole bytes are a `SupportException`; text values that do not
-    /// convert throw as `ImageMetadata::set` does. A picture of 2^64 bytes or more, or with more
-    /// than `kMaximumChannels` channels, is refused too.
+    /// The format "BGRA" swaps the first and the third channel, any other text leaves them in
+    /// order.
+    ///
+    /// Alignments that give no whole bytes are a `SupportException`, a picture of 2^64 bytes or
+    /// more an `AllocateException`, more than `kMaximumChannels` channels a `BoundException`. A key
+    /// that is missing is a `NotFoundException`, and other text values that do not convert throw as
+    /// `ImageMetadata::set` does.
     explicit ImageFormatDescriptor(const Metadata& metadata);
 
     static constexpr std::uint32_t kMaximumChannels = 65536;

@@ -157,17 +157,12 @@ void readMap(ReadStream& in, const ImageMetadata& metadata, DynamicBuffer& buffe
 
 } // namespace
 
-void NetPBMImporter::readMetadata(Metadata& metadata) {
+void NetPBMImporter::parseMetadata(Metadata& metadata) {
     metadata_ = readHeader(TokenReader{stream()});
-    hasMetadata_ = true;
     metadata.assign(metadata_);
 }
 
-void NetPBMImporter::readData(DynamicBuffer& buffer) {
-    if (!hasMetadata_)
-        throw InsufficientMetaException{kNoOrigin,
-                                        "Meta data not provided before attempting to read data. "};
-    hasMetadata_ = false;
+void NetPBMImporter::parseData(std::uint64_t, DynamicBuffer& buffer) {
     checkChannels(metadata_);
     if (metadata_.type.bits == 1)
         readBitmap(stream(), metadata_, buffer);

@@ -104,6 +104,14 @@ std::string bomb(std::size_t runs) {
     return "\x78\x01" + bits.bytes() + bigEndian(checksum.value());
 }
 
+/// A zlib stream of a million empty blocks with the fixed code, and one that holds a pixel.
+std::string emptyBlocks() {
+    Bits bits{Bits::First::Least};
+    bits.put("0100000000", 8); // not the last block, the fixed code, the end
+    return "\x78\x01" + repeated(bits.bytes(), 125000) +
+           "\x01\x02\x00\xFD\xFF\x00\x07\x00\x09\x00\x08"s;
+}
+
 /// A grey progressive picture of `side` x `side` blocks with all scans that a file may have: one
 /// for the DC coefficients and, for each of the others, 14 that refine it bit by bit.
 std::string manyScans(unsigned side) {
@@ -224,6 +232,8 @@ const Case kCases[] = {
     {"PngOfAMillionChunks", kPalette,
      [] { return png(1, 1, 0, repeated(pngChunk("tEXt"), 1000000) + pngChunk("IDAT" + bomb(0))); },
      1, kFormat, 1, 10},
+    {"PngOfAMillionBlocks", kPalette, [] { return png(1, 1, 0, pngChunk("IDAT" + emptyBlocks())); },
+     0, "", 2, 10},
     {"JpegOfManyScans", kPalette, [] { return manyScans(200); }, 0, "", 16, 20},
     {"JpegClaimsMuch", kPalette, [] { return manyScans(8191).substr(0, 4000); }, 1, kFormat, 10,
      20},

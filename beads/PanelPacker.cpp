@@ -75,7 +75,7 @@ void PanelPacker::add(const Pattern& pattern, std::size_t layer) {
 
 /// Whether no bead of the piece is background.
 bool PanelPacker::isFull(const Piece& piece) const {
-    const BinarySignal<2, std::uint32_t> mask{piece.size()};
+    BinarySignal<2, std::uint32_t> mask{piece.size()};
     for (unsigned y = 0; y < piece.size()[1]; ++y)
         for (unsigned x = 0; x < piece.size()[0]; ++x)
             if (isContent(palette_, piece[{x, y}]))

@@ -1,5 +1,6 @@
 #include "beads/Pattern.h"
 
+#include "core/CheckedSize.h"
 #include "core/ReadAll.h"
 
 #include <iostream>
@@ -26,9 +27,8 @@ std::size_t contentLength(PatternStyle style, const Tuple<2, unsigned>& size) {
         first *= 2;
     else if (style == PatternStyle::Circle)
         second = 3 * (width - 1);
-    std::uint64_t length = 0;
-    if (__builtin_mul_overflow(first, second, &length) ||
-        length >= static_cast<std::uint64_t>(PTRDIFF_MAX))
+    const std::uint64_t length = (CheckedSize{first} * second).saturated();
+    if (length >= static_cast<std::uint64_t>(PTRDIFF_MAX))
         throw AllocateException{kNoOrigin, "pattern layer"};
     return static_cast<std::size_t>(style == PatternStyle::Circle ? length + 1 : length);
 }

@@ -47,4 +47,10 @@ private:
     bool hasMetadata_ = false; // and the samples that belong to it follow in the stream
 };
 
+/// Makes `buffer` the next `count` bytes of the stream.
+///
+/// The buffer grows with the bytes that arrive, so a count that claims more than there is costs
+/// nothing but the stream's own exception.
+void readSamples(ReadStream& in, std::uint64_t count, DynamicBuffer& buffer);
+
 } // namespace VORN::Migration

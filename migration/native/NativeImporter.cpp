@@ -2,7 +2,6 @@
 
 #include "core/Exception.h"
 #include "migration/ImageMetadata.h"
-#include "migration/ReadSamples.h"
 
 namespace VORN::Migration {
 

@@ -3,7 +3,6 @@
 #include "core/Conversion.h"
 #include "core/Exception.h"
 #include "migration/ImageFormatDescriptor.h"
-#include "migration/ReadSamples.h"
 
 #include <algorithm>
 #include <array>

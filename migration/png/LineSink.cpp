@@ -1,7 +1,7 @@
 #include "migration/png/LineSink.h"
 
 #include "core/Exception.h"
-#include "migration/png/PNG.h"
+#include "migration/png/Chunk.h"
 #include "migration/png/Unfilter.h"
 
 #include <algorithm>

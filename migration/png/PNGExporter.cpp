@@ -4,8 +4,8 @@
 #include "migration/deflate/Adler32.h"
 #include "migration/deflate/DeflateStored.h"
 #include "migration/deflate/ZlibHeader.h"
-#include "migration/png/ChunkWriter.h"
-#include "migration/png/PNG.h"
+#include "migration/png/Chunk.h"
+#include "migration/png/IHDR.h"
 
 #include <limits>
 

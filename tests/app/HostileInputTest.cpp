@@ -1,7 +1,7 @@
 #include "core/Crc32.h"
 #include "tests/app/ChildProgram.h"
 
-#include "migration/BigEndian.h"
+#include "core/Serialization.h"
 #include "migration/deflate/Adler32.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ std::string repeated(std::string_view text, std::size_t count) {
 }
 
 std::string bigEndian(std::uint32_t number) {
-    const auto bytes = Migration::toBigEndian(number);
+    const auto bytes = toBigEndian(number);
     return {bytes.begin(), bytes.end()};
 }
 

@@ -1,5 +1,5 @@
 #include "migration/deflate/Inflate.h"
-#include "migration/BigEndian.h"
+#include "core/Serialization.h"
 #include "migration/deflate/Adler32.h"
 #include "migration/deflate/DeflateStored.h"
 #include "migration/deflate/ZlibHeader.h"

@@ -1,5 +1,6 @@
 #include "migration/png/PNGImporter.h"
-#include "migration/BigEndian.h"
+#include "core/Crc32.h"
+#include "core/Serialization.h"
 #include "migration/deflate/Adler32.h"
 #include "migration/deflate/DeflateStored.h"
 #include "migration/deflate/ZlibHeader.h"

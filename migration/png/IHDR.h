@@ -3,36 +3,10 @@
 #include "core/Stream.h"
 #include "migration/ImageMetadata.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
-#include <string_view>
 
-/// What reading and writing PNG share (ISO/IEC 15948).
 namespace VORN::Migration::PNG {
-
-inline constexpr std::array<std::uint8_t, 8> kSignature{
-    0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
-};
-
-using ChunkType = std::array<std::uint8_t, 4>;
-
-/// The chunk types that matter, four letters each.
-inline constexpr std::string_view kChunkTypes = "IHDRPLTEIDATIEND";
-
-consteval ChunkType chunkType(std::size_t index) {
-    ChunkType type{};
-    std::copy_n(kChunkTypes.begin() + 4 * index, type.size(), type.begin());
-    return type;
-}
-
-inline constexpr ChunkType kHeader = chunkType(0);
-inline constexpr ChunkType kPalette = chunkType(1);
-inline constexpr ChunkType kData = chunkType(2);
-inline constexpr ChunkType kEnd = chunkType(3);
-
-/// Throws the `FormatException` of the format "png".
-[[noreturn]] void refuse(std::string detail);
 
 /// The image header (PNG, clause 11.2.2), its fields in file order; all 0 until one is read.
 struct IHDR {
@@ -58,6 +32,7 @@ struct IHDR {
     /// than grey deliberately take any number of bits, of which the field keeps the low eight.
     static IHDR of(const ImageMetadata& metadata);
 
+    /// The data of the header's chunk.
     std::array<std::uint8_t, kBytes> bytes() const;
     /// The metadata of the decoded picture, palette indices replaced by their colours. Samples of
     /// more than 8 bits are big endian. An unknown colour type is a `SupportException`.

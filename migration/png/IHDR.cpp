@@ -1,7 +1,7 @@
-#include "migration/png/PNG.h"
+#include "migration/png/IHDR.h"
 
 #include "core/Exception.h"
-#include "migration/BigEndian.h"
+#include "core/Serialization.h"
 
 #include <algorithm>
 
@@ -50,8 +50,6 @@ std::uint8_t writtenColorType(const ImageMetadata& metadata) {
 }
 
 } // namespace
-
-void refuse(std::string detail) { throw FormatException{kNoOrigin, "png", std::move(detail)}; }
 
 IHDR IHDR::read(ReadStream& in) {
     std::array<std::uint8_t, kBytes> bytes{};

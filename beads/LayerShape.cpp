@@ -1,5 +1,6 @@
 #include "beads/LayerShape.h"
 
+#include "core/CheckedSize.h"
 #include "core/Exception.h"
 
 #include <algorithm>
@@ -41,7 +42,8 @@ LayerShape LayerShape::ofText(PatternStyle style, std::size_t firstRowLength, st
     const unsigned height = toExtent(rows);
     if (style == PatternStyle::Circle)
         return {style, {height, height}};
-    return {style, {toExtent(style == PatternStyle::Hex ? firstRowLength / 2 : firstRowLength), height}};
+    return {style,
+            {toExtent(style == PatternStyle::Hex ? firstRowLength / 2 : firstRowLength), height}};
 }
 
 std::size_t LayerShape::textRowLength(PatternStyle style, std::size_t firstRowLength,
@@ -60,11 +62,11 @@ std::size_t LayerShape::contentLength() const {
     const std::uint64_t height = size_[1];
     if (width == 0 || height == 0)
         return 0;
-    std::uint64_t length = 0;
     const bool isCircle = style_ == PatternStyle::Circle;
-    const bool overflows = __builtin_mul_overflow(isCircle ? 3 * (width - 1) : width * beadStep(),
-                                                  isCircle ? width : height, &length);
-    if (overflows || length >= static_cast<std::uint64_t>(PTRDIFF_MAX))
+    const CheckedSize product =
+        isCircle ? CheckedSize{3 * (width - 1)} * width : CheckedSize{width * beadStep()} * height;
+    const std::uint64_t length = product.saturated();
+    if (length >= static_cast<std::uint64_t>(PTRDIFF_MAX))
         throw AllocateException{kNoOrigin, "pattern layer"};
     return static_cast<std::size_t>(isCircle ? length + 1 : length);
 }

@@ -3,7 +3,6 @@
 #include "core/BufferStream.h"
 #include "core/Console.h"
 
-
 namespace VORN {
 
 namespace {

@@ -2,6 +2,8 @@
 
 #include "core/Tuple.h"
 
+#include <concepts>
+
 namespace VORN {
 
 /// A box, from its origin up to, but not including, origin + extent.
@@ -17,7 +19,7 @@ public:
     const Vector<N, T>& extent() const { return extent_; }
 
     Point<N, T> centre() const requires std::floating_point<T> {
-        return origin_ + extent_ * T{0.5};
+        return origin_ + extent_ * static_cast<T>(0.5);
     }
     template <class S>
     bool contains(const PointBase<N, T, S>& point) const {

@@ -2,6 +2,7 @@
 
 #include "core/Stream.h"
 
+#include <array>
 #include <map>
 #include <string>
 
@@ -114,5 +115,18 @@ public:
     virtual ~Serializable() = default;
     virtual void serialize(Serializer& out) const = 0;
 };
+
+/// The number that four bytes, most significant first, stand for, as the formats of others have
+/// them.
+constexpr std::uint32_t fromBigEndian(std::span<const std::uint8_t, 4> bytes) {
+    return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 |
+           std::uint32_t{bytes[2]} << 8 | std::uint32_t{bytes[3]};
+}
+
+/// The same four bytes for a number.
+constexpr std::array<std::uint8_t, 4> toBigEndian(std::uint32_t value) {
+    return {static_cast<std::uint8_t>(value >> 24), static_cast<std::uint8_t>(value >> 16),
+            static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)};
+}
 
 } // namespace VORN

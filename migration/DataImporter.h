@@ -29,9 +29,28 @@ private:
 class DataImporterSeparate : public DataImporter {
 public:
     void importImage(DynamicBuffer& buffer, Metadata& metadata) override;
-    virtual void readMetadata(Metadata& metadata) = 0;
-    /// Without a new `readMetadata` before it this is an `InsufficientMetaException`.
-    virtual void readData(DynamicBuffer& buffer) = 0;
+    /// Reads what comes before the samples and sets the keys of `metadata`.
+    virtual void readMetadata(Metadata& metadata);
+    /// Reads the samples, which `readMetadata` must have led up to; `buffer` has the size of the
+    /// picture. Samples whose metadata has not been read are an `InsufficientMetaException`.
+    virtual void readData(DynamicBuffer& buffer);
+
+protected:
+    virtual void parseMetadata(Metadata& metadata) = 0;
+    /// Makes `buffer`, whatever it holds, the samples, which the reader expects to be `bytes`
+    /// bytes. Memory grows with those that arrive, since that number is only what the file claims.
+    virtual void parseData(std::uint64_t bytes, DynamicBuffer& buffer) = 0;
+
+private:
+    void takeMetadata();
+
+    bool hasMetadata_ = false; // and the samples that belong to it follow in the stream
 };
+
+/// Makes `buffer` the next `count` bytes of the stream.
+///
+/// The buffer grows with the bytes that arrive, so a count that claims more than there is costs
+/// nothing but the stream's own exception.
+void readSamples(ReadStream& in, std::uint64_t count, DynamicBuffer& buffer);
 
 } // namespace VORN::Migration

@@ -1,7 +1,7 @@
 #include "core/Crc32.h"
 #include "tests/app/ChildProgram.h"
 
-#include "migration/BigEndian.h"
+#include "core/Serialization.h"
 #include "migration/deflate/Adler32.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ std::string repeated(std::string_view text, std::size_t count) {
 }
 
 std::string bigEndian(std::uint32_t number) {
-    const auto bytes = Migration::toBigEndian(number);
+    const auto bytes = toBigEndian(number);
     return {bytes.begin(), bytes.end()};
 }
 
@@ -102,6 +102,14 @@ std::string bomb(std::size_t runs) {
     const std::vector<std::uint8_t> samples(1 + 258 * runs);
     checksum.update(samples);
     return "\x78\x01" + bits.bytes() + bigEndian(checksum.value());
+}
+
+/// A zlib stream of a million empty blocks with the fixed code, and one that holds a pixel.
+std::string emptyBlocks() {
+    Bits bits{Bits::First::Least};
+    bits.put("0100000000", 8); // not the last block, the fixed code, the end
+    return "\x78\x01" + repeated(bits.bytes(), 125000) +
+           "\x01\x02\x00\xFD\xFF\x00\x07\x00\x09\x00\x08"s;
 }
 
 /// A grey progressive picture of `across` x `down` blocks with a scan for the DC coefficients and,
@@ -225,6 +233,8 @@ const Case kCases[] = {
     {"PngOfAMillionChunks", kPalette,
      [] { return png(1, 1, 0, repeated(pngChunk("tEXt"), 1000000) + pngChunk("IDAT" + bomb(0))); },
      1, kFormat, 1, 10},
+    {"PngOfAMillionBlocks", kPalette, [] { return png(1, 1, 0, pngChunk("IDAT" + emptyBlocks())); },
+     0, "", 2, 10},
     {"JpegOfManyScans", kPalette, [] { return manyScans(200, 200, 1); }, 0, "", 16, 20},
     {"JpegOfRepeatedScans", kPalette, [] { return manyScans(1, 8191, 800); }, 0, "", 24, 20},
     {"JpegClaimsMuch", kPalette, [] { return manyScans(8191, 8191, 1).substr(0, 4000); }, 1,

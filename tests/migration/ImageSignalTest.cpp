@@ -38,6 +38,8 @@ TEST(ImageSignal, LeavesAByteForGreyOrForRedGreenAndBlue) {
         {described(1, 2, 3, kWords), {1, 9, 2, 9, 3, 9, 4, 9, 5, 9, 6, 9}, kColors},
         {described(1, 2, 4, kWords), {1, 9, 2, 9, 3, 9, 7, 7, 4, 9, 5, 9, 6, 9, 7, 7}, kColors},
         {described(2, 1, 1, kBits, kGrey), {1, 0}, {255, 0}},
+        {described(1, 2, 3, kBits, "RGBA", 8), {1, 0, 1, 0, 0, 1}, {255, 0, 255, 0, 0, 255}},
+        {described(1, 2, 2, kBytes, kGrey, 24), {1, 9, 0, 2, 9, 0}, {1, 2}},
         {described(0, 2, 3), {}, {}},
     };
     for (const auto& c : kCases) {
@@ -60,8 +62,6 @@ TEST(ImageSignal, RefusesOtherSamples) {
          "No support for pictures of 32-bit floating point big endian samples. "},
         {described(1, 2, 0), 24, "No support for pictures without channels. "},
         {described(2, 2, 3), 11, "More space requested (12) than what is available (11). "},
-        {described(1, 2, 3, kBits, "RGBA", 8), 6,
-         "No support for pictures with samples of a part of a byte. "},
     };
     for (const auto& c : kCases) {
         IncrementalBuffer buffer = filled(Bytes(c.bytes));

@@ -1,8 +1,11 @@
-#include "migration/png/ChunkWriter.h"
+#include "migration/png/Chunk.h"
 
-#include "migration/BigEndian.h"
+#include "core/Exception.h"
+#include "core/Serialization.h"
 
 namespace VORN::Migration::PNG {
+
+void refuse(std::string detail) { throw FormatException{kNoOrigin, "png", std::move(detail)}; }
 
 ChunkWriter::ChunkWriter(WriteStream& out, const ChunkType& type, std::uint32_t length)
     : out_{&out} {

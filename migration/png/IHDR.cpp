@@ -1,7 +1,7 @@
-#include "migration/png/PNG.h"
+#include "migration/png/IHDR.h"
 
 #include "core/Exception.h"
-#include "migration/BigEndian.h"
+#include "core/Serialization.h"
 
 #include <algorithm>
 
@@ -51,12 +51,12 @@ std::uint8_t writtenColorType(const ImageMetadata& metadata) {
 
 } // namespace
 
-void refuse(std::string detail) { throw FormatException{kNoOrigin, "png", std::move(detail)}; }
-
-IHDR IHDR::parse(std::span<const std::uint8_t, kBytes> bytes) {
+IHDR IHDR::read(ReadStream& in) {
+    std::array<std::uint8_t, kBytes> bytes{};
+    in.read(bytes);
     const IHDR header{
-        .width = fromBigEndian(bytes.first<4>()),
-        .height = fromBigEndian(bytes.subspan<4, 4>()),
+        .width = fromBigEndian(std::span{bytes}.first<4>()),
+        .height = fromBigEndian(std::span{bytes}.subspan<4, 4>()),
         .bitDepth = bytes[8],
         .colorType = bytes[9],
         .compressionMethod = bytes[10],
@@ -76,9 +76,6 @@ IHDR IHDR::of(const ImageMetadata& metadata) {
         throw SupportException{kNoOrigin, "non-zero image pixel alignment"};
     const std::uint8_t type = writtenColorType(metadata);
     if (type == kGrey && !std::ranges::count(kGreyBitDepths, metadata.type.bits))
-        throw SupportException{kNoOrigin, "combination of bith depth and color type"};
-    // Other colour types deliberately take any bit depth that fits the field.
-    if (metadata.type.bits > 255)
         throw SupportException{kNoOrigin, "combination of bith depth and color type"};
     return {.width = metadata.width,
             .height = metadata.height,

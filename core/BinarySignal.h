@@ -41,6 +41,7 @@ private:
     P words_ = nullptr;
 };
 
+/// A bit signal that can be written.
 template <std::size_t N, class T, class P>
 class BinarySignalSerializable : public BinarySignalBase<N, T, P>, public Serializable {
 public:

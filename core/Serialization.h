@@ -87,13 +87,16 @@ class Deserializer : public ByteSerialization {
 public:
     explicit Deserializer(ReadStream& in) : in_{&in} {}
 
+    /// The next value of type `T`.
     template <class T>
     T get() {
         T value{};
         process(value);
         return value;
     }
+    /// What `put` wrote of a text.
     std::string getText();
+    /// What `put` wrote of a map; of keys that are there more than once the last value stays.
     std::map<std::string, std::string> getMap();
 
 protected:

@@ -12,9 +12,11 @@ public:
     virtual ~DataImporter() = default;
     /// The stream is borrowed, stands at the picture's first byte and must outlive the import.
     virtual void setStream(ReadStream* stream) { stream_ = stream; }
+    /// Forgets the stream.
     virtual void resetStream() { stream_ = nullptr; }
     /// Reads the whole picture: sets the keys of `metadata`, resizes and fills `buffer`, line 0
-    /// being the bottom row.
+    /// being the bottom row. What is wrong with the file is an exception, after which `buffer` may
+    /// hold a part of the picture.
     virtual void importImage(DynamicBuffer& buffer, Metadata& metadata) = 0;
 
 protected:
@@ -26,6 +28,11 @@ private:
 };
 
 /// An importer that can read the metadata first and the samples then.
+///
+/// The two steps come in turn, each pair from where the stream stands. A caller who takes them
+/// apart gives the second one a buffer of the size that follows from the metadata; `importImage`
+/// passes that size as a number instead, so that a file that claims much costs nothing before its
+/// samples are there.
 class DataImporterSeparate : public DataImporter {
 public:
     void importImage(DynamicBuffer& buffer, Metadata& metadata) override;
@@ -36,6 +43,7 @@ public:
     virtual void readData(DynamicBuffer& buffer);
 
 protected:
+    /// Does what `readMetadata` says.
     virtual void parseMetadata(Metadata& metadata) = 0;
     /// Makes `buffer`, whatever it holds, the samples, which the reader expects to be `bytes`
     /// bytes. Memory grows with those that arrive, since that number is only what the file claims.

@@ -54,14 +54,14 @@ ImageFormatDescriptor::ImageFormatDescriptor(const Metadata& metadata) {
         std::swap(channelOffsets[0], channelOffsets[2]);
 }
 
-SampleLayout::SampleLayout(const ImageMetadata& metadata) {
+SampleLayout::SampleLayout(const ImageMetadata& metadata)
+    : width{metadata.width},
+      height{metadata.height},
+      sampleBytes{static_cast<std::size_t>((std::uint64_t{metadata.type.bits} + 7) / 8)} {
     const ImageFormatDescriptor descriptor{metadata};
-    width = descriptor.width;
-    height = descriptor.height;
-    sampleBytes = static_cast<std::size_t>((std::uint64_t{metadata.type.bits} + 7) / 8);
     const std::uint64_t channels = descriptor.channelOffsets.size();
+    // No overflow: at most twice the descriptor's for samples of more than 8 bits, else 2^48.
     pixelStride = std::max(descriptor.pixelStride, channels * sampleBytes);
-    // Less than twice the descriptor's where that is not 0, and else some 2^48.
     lineStride = std::max(descriptor.lineStride, pixelStride * width);
     for (const std::uint32_t slot : descriptor.channelOffsets)
         offsets.push_back(slot * sampleBytes);

@@ -23,7 +23,7 @@ public:
         std::uint8_t bits = 0;
     };
 
-    HuffmanCode() = default;
+    /// The code length of each symbol, at most `kMaximumSymbols` of 0 to `kMaximumBits` bits.
     explicit HuffmanCode(std::span<const std::uint8_t> lengths);
 
     /// The symbol whose code `window` begins with, bit 0 being the code's first bit. Goes bit by

@@ -177,8 +177,11 @@ void expandPalette(const Palette& palette, DynamicBuffer& buffer) {
     const std::size_t count = buffer.size();
     buffer.resize(std::uint64_t{3} * count);
     const std::span<std::uint8_t> bytes = buffer.writableData();
-    for (std::size_t i = count; i-- > 0;)
-        std::copy_n(palette.begin() + 3 * std::size_t{bytes[i]}, 3, bytes.begin() + 3 * i);
+    for (std::size_t i = count; i-- > 0;) {
+        const std::size_t index = bytes[i];
+        for (std::size_t k = 0; k < 3; ++k)
+            bytes[3 * i + k] = palette[3 * index + k];
+    }
 }
 
 void decode(Contents& contents, const ImageMetadata& metadata, DynamicBuffer& buffer) {

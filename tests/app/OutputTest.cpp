@@ -78,7 +78,11 @@ TEST(Output, LeavesFilesThatCannotBeWrittenAlone) {
     fs::permissions(picture, fs::perms{0444});
     const std::string kept = makeFile("kept.txt", "kept");
     fs::permissions(kept, fs::perms{0444});
-    const ChildRun run = runChild({"palette", picture, kept}, becomeNobody);
+    // Nobody need not be let into the folders above the program.
+    const std::string program = temporaryFile("kavrin");
+    fs::copy_file(KAVRIN_PROGRAM, program);
+    fs::permissions(program, fs::perms{0755});
+    const ChildRun run = runChild({"palette", picture, kept}, becomeNobody, program);
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err, "Failed to open " + kept + "\n");
     EXPECT_EQ(contentOf(kept), "kept");

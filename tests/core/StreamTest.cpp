@@ -7,6 +7,7 @@
 #include "core/SizeMeasureWriteStream.h"
 #include "core/StreamPump.h"
 #include "tests/Complaint.h"
+#include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -150,7 +151,7 @@ TEST(Crc32, MatchesThePublishedCheckValue) {
 }
 
 TEST(SaveOutput, LeavesNoHalfWrittenFile) {
-    const std::string name = testing::TempDir() + "half-written.txt";
+    const std::string name = (temporaryFolder() / "half-written.txt").string();
     const auto fail = [](WriteStream& out) {
         out.write(bytesOf("half"));
         throw IteratorException{kNoOrigin};

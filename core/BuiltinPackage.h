@@ -5,7 +5,7 @@
 
 namespace VORN {
 
-/// The package of builtin palettes, laid out by resources/generatePackage.cpp during the build.
+/// The package of builtin palettes, laid out by resources/generatePackage.cmake during the build.
 std::span<const std::uint8_t> builtinPackage();
 
 } // namespace VORN

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "app/ApplicationInfo.h"
-#include "core/Conversion.h"
-#include "core/TextWriter.h"
-
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -12,9 +9,26 @@
 
 namespace VORN {
 
-/// Assigns an argument vector to named and positional parameters and composes help texts from them.
+/// What help, usage and version texts of a program or subcommand are built from.
+struct ApplicationInfo {
+    std::string name;
+    std::string version; // "--version" is offered only when this is not empty
+    std::string description;
+    std::string programPath; // the usage line names what follows its last backslash
+    std::uint32_t indent = 2;
+    std::uint32_t descriptionIndent = 16;
+    std::uint32_t lineWidth = 79;
+};
+
+/// Assigns an argument vector to the named and positional parameters declared before.
+///
+/// The kinds of values that parameters take stand in ArgumentValues.h, the texts that are composed
+/// from them, and the handler that writes these, in ArgumentHelp.h.
 class ArgumentProcessor {
 public:
+    static constexpr const char* kHelpOption = "--help";
+    static constexpr const char* kVersionOption = "--version";
+
     /// Takes arguments of one parameter; its name is its placeholder in texts and may be empty.
     class Value {
     public:
@@ -33,73 +47,12 @@ public:
         std::string name_;
     };
 
-    /// Takes exactly one argument.
-    class SingleArgumentValue : public Value {
-    public:
-        using Value::Value;
-        bool complete() const override { return assigned_; }
-        bool mayStayUnassigned() const override { return assigned_; }
-        void assign(const std::string& text) override;
-
-    protected:
-        virtual void convert(const std::string& text) = 0;
-
-    private:
-        bool assigned_ = false;
-    };
-
-    /// A text, as given on the command line.
+    class SingleArgumentValue;
     template <class T>
-    class DirectValue : public SingleArgumentValue {
-    public:
-        explicit DirectValue(std::string name, T byDefault = {})
-            : SingleArgumentValue{std::move(name)},
-              value_{std::move(byDefault)} {}
-        const T& get() const { return value_; }
-
-    protected:
-        void convert(const std::string& text) override { value_ = text; }
-
-    private:
-        T value_;
-    };
-
-    /// A number; T is unsigned int or float.
+    class DirectValue;
     template <class T>
-    class SimpleValue : public SingleArgumentValue {
-    public:
-        explicit SimpleValue(std::string name, T byDefault = {})
-            : SingleArgumentValue{std::move(name)},
-              value_{byDefault} {}
-        T get() const { return value_; }
-
-    protected:
-        void convert(const std::string& text) override {
-            if constexpr (std::is_same_v<T, float>)
-                value_ = Text::toFloat(text);
-            else
-                value_ = Text::toUnsigned(text);
-        }
-
-    private:
-        T value_;
-    };
-
-    /// Takes every argument that follows, at least one and at most `maximum`.
-    class CollectValue : public Value {
-    public:
-        CollectValue(std::string name, std::size_t maximum)
-            : Value{std::move(name)},
-              maximum_{maximum} {}
-        bool complete() const override { return texts_.size() == maximum_; }
-        bool mayStayUnassigned() const override { return !texts_.empty(); }
-        void assign(const std::string& text) override { texts_.push_back(text); }
-        const std::vector<std::string>& get() const { return texts_; }
-
-    private:
-        std::size_t maximum_;
-        std::vector<std::string> texts_;
-    };
+    class SimpleValue;
+    class CollectValue;
 
     enum class Presence { Optional, Required };
 
@@ -118,7 +71,12 @@ public:
             values_.push_back(std::move(value));
             return added;
         }
+        /// Whether the arguments named it and filled its values.
         bool assigned() const { return assigned_; }
+
+        const std::string& description() const { return description_; }
+        bool isRequired() const { return presence_ == Presence::Required; }
+        const std::vector<std::unique_ptr<Value>>& values() const { return values_; }
 
     private:
         friend ArgumentProcessor;
@@ -133,35 +91,23 @@ public:
     class ActionHandler {
     public:
         virtual ~ActionHandler() = default;
+        /// `option` is the argument that asked for help.
         virtual void help(const ArgumentProcessor& processor, const std::string& option) = 0;
         virtual void version(const ArgumentProcessor& processor) = 0;
+        /// `message` is a sentence about the arguments, without an end of line.
         virtual void error(const ArgumentProcessor& processor, const std::string& message) = 0;
     };
+    class DefaultActionHandler;
 
-    /// Writes help and version to one stream and errors, with the usage line, to another. Both are
-    /// borrowed and must outlive it.
-    class DefaultActionHandler : public ActionHandler {
-    public:
-        DefaultActionHandler(WriteStream& out, WriteStream& errors) : out_{out}, errors_{errors} {}
-        void help(const ArgumentProcessor& processor, const std::string& option) override;
-        void version(const ArgumentProcessor& processor) override;
-        void error(const ArgumentProcessor& processor, const std::string& message) override;
-
-        /// Whether no error was reported.
-        bool success() const { return success_; }
-
-    private:
-        Text::TextWriter out_;
-        Text::TextWriter errors_;
-        bool success_ = true;
-    };
-
+    /// After an escape word that is not empty, an argument is positional whatever it looks like.
     explicit ArgumentProcessor(ApplicationInfo info, std::string escapeWord = {})
         : escapeWord_{std::move(escapeWord)},
           info_{std::move(info)} {}
 
+    /// Declares an option, which may have several names. The parameter lives as long as this.
     Parameter& addNamed(const std::vector<std::string>& names, std::string description,
                         Presence presence = Presence::Optional);
+    /// Declares the next positional argument. The parameter lives as long as this.
     Parameter& addPositional(std::string description, Presence presence = Presence::Required);
 
     /// Assigns the arguments from index 1 on. Returns whether the caller may go on; false after
@@ -169,27 +115,27 @@ public:
     bool parse(int argc, const char* const* argv, ActionHandler& handler);
 
     const ApplicationInfo& info() const { return info_; }
-    void writeHelp(Text::TextWriter& out) const;
-    void writeUsage(Text::TextWriter& out) const;
+    const std::string& escapeWord() const { return escapeWord_; }
+    /// All parameters, named and positional alike, in the order of their declaration.
+    const std::vector<std::unique_ptr<Parameter>>& parameters() const { return parameters_; }
+    /// The index in `parameters` that each option name stands for.
+    const std::map<std::string, std::size_t>& names() const { return names_; }
+    /// The indices in `parameters` of the positional ones, in the order of filling.
+    const std::vector<std::size_t>& positionals() const { return positionals_; }
 
 private:
     using Arguments = std::vector<std::string>;
 
     Parameter& addParameter(std::string description, Presence presence);
-    std::string assign(Parameter& parameter, const Arguments& arguments, std::size_t& at);
-    std::string assignPositional(const Arguments& arguments, std::size_t& at, std::size_t& slot);
-    std::string missing() const;
+    bool assignAll(const Arguments& arguments, ActionHandler& handler);
+    void assignPositional(const Arguments& arguments, std::size_t& at, std::size_t& slot);
+    static void assign(Parameter& parameter, const Arguments& arguments, std::size_t& at);
+    void requireAssigned() const;
 
-    std::string namesOf(std::size_t index) const;
-    std::string optionUsage(std::size_t index) const;
-    std::vector<std::string> positionalNames() const;
-    void writeEntry(Text::TextWriter& out, const std::string& name,
-                    const std::string& description) const;
-
-    std::vector<std::unique_ptr<Parameter>> parameters_; // in declaration order
-    std::map<std::string, std::size_t> names_;           // option name to index of its parameter
-    std::vector<std::size_t> positionals_;               // indices, in the order of filling
-    std::string escapeWord_;                             // empty: there is none
+    std::vector<std::unique_ptr<Parameter>> parameters_;
+    std::map<std::string, std::size_t> names_;
+    std::vector<std::size_t> positionals_;
+    std::string escapeWord_; // empty: there is none
     ApplicationInfo info_;
 };
 

@@ -1,50 +1,44 @@
 #include "app/CommonOptions.h"
 
-#include "app/Artwork.h"
 #include "core/Exception.h"
 
 namespace VORN {
 
-/// The name of a pattern style; anything else is a `ParseException`.
-class PegboardOption::TypeValue : public ArgumentProcessor::SingleArgumentValue {
-public:
-    TypeValue() : SingleArgumentValue{"type"} {}
-    PatternStyle style() const { return style_; }
+namespace {
 
-protected:
-    void convert(const std::string& text) override {
-        const auto style = patternStyleNamed(text);
-        if (!style)
-            throw ParseException{kNoOrigin, text, kDescription};
-        style_ = *style;
+using SingleArgumentValue = ArgumentProcessor::SingleArgumentValue;
+using SizeValue = ArgumentProcessor::SimpleValue<unsigned>;
+
+PatternStyle styleOf(const SingleArgumentValue& type) {
+    const std::string name = type.text().value_or("");
+    const auto style = patternStyleNamed(name);
+    if (!style)
+        throw ParseException{kNoOrigin, name, PegboardOption::kDescription};
+    return *style;
+}
+
+/// The size that follows a pegboard's type.
+class PegboardSizeValue : public SizeValue {
+public:
+    explicit PegboardSizeValue(const SingleArgumentValue& type)
+        : SimpleValue{"size"},
+          type_{type} {}
+    void assign(const std::string& text) override {
+        styleOf(type_);
+        SizeValue::assign(text);
     }
 
 private:
-    PatternStyle style_ = PatternStyle::Square;
+    const SingleArgumentValue& type_;
 };
+
+} // namespace
 
 PegboardOption::PegboardOption(ArgumentProcessor::Parameter& parameter)
     : parameter_{parameter},
-      type_{parameter.add<TypeValue>()},
-      size_{parameter.add<ArgumentProcessor::SimpleValue<unsigned>>("size")} {}
+      type_{parameter.add<SingleArgumentValue>("type")},
+      size_{parameter.add<PegboardSizeValue>(type_)} {}
 
-PatternStyle PegboardOption::style() const { return type_.style(); }
-
-PatternOutputOption::PatternOutputOption(ArgumentProcessor::Parameter& parameter)
-    : parameter_{parameter},
-      file_{parameter.add<ArgumentProcessor::DirectValue<std::string>>("pattern")} {}
-
-bool PatternOutputOption::write(const Pattern& pattern) const {
-    if (parameter_.assigned())
-        return savePattern(file_.get(), pattern);
-    printPattern(pattern);
-    return true;
-}
-
-ColorOption::ColorOption(ArgumentProcessor::Parameter& parameter, const Color& byDefault)
-    : parameter_{parameter},
-      red_{parameter.add<ArgumentProcessor::SimpleValue<float>>("R", byDefault[0])},
-      green_{parameter.add<ArgumentProcessor::SimpleValue<float>>("G", byDefault[1])},
-      blue_{parameter.add<ArgumentProcessor::SimpleValue<float>>("B", byDefault[2])} {}
+PatternStyle PegboardOption::style() const { return styleOf(type_); }
 
 } // namespace VORN

@@ -1,36 +1,25 @@
 #include "app/CreateSubcommand.h"
 
-#include "app/Artwork.h"
+#include "app/InputLoading.h"
+#include "app/OutputSaving.h"
 #include "beads/LayerFilling.h"
 #include "core/Exception.h"
 
 using namespace VORN;
 
-CreateSubcommand::CreateSubcommand()
-    : KavrinSubcommand{kName, kDescription},
-      pegboard_{arguments().addPositional(PegboardOption::kDescription)},
-      output_{arguments().addNamed({"-o"}, PatternOutputOption::kDescription)},
-      fill_{arguments()
-                .addNamed({"--fill"}, "palette symbol to fill pattern with")
-                .add<Text>("symbol", std::string(1, kNoBead))},
-      fillPalette_{arguments().addNamed({"--fill-palette"}, "palette fill start of pattern with")},
-      paletteFile_{fillPalette_.add<Text>("palette")},
-      reshape_{arguments().addNamed({"--reshape"}, "input pattern to reshape")},
-      patternFile_{reshape_.add<Text>("pattern")} {}
-
 int CreateSubcommand::run() {
     Pattern pattern;
     pattern.style = pegboard_.style();
     pattern.AddFilledLayer({pegboard_.sizeBeads(), pegboard_.sizeBeads()}, fillSymbol());
-    if (reshape_.assigned() && !reshape(pattern))
+    if (reshape_.given() && !reshape(pattern))
         return 1;
-    if (fillPalette_.assigned()) {
+    if (fillPalette_.given()) {
         Palette palette;
-        if (!loadPalette(paletteFile_.get(), palette))
+        if (!loadPalette(fillPalette_.get(), palette))
             return 1;
         fillWithPalette(palette, pattern.style, pattern.layer(0));
     }
-    return output_.write(pattern) ? 0 : 1;
+    return savePattern(output_, pattern) ? 0 : 1;
 }
 
 /// Line ends would take a row of the pattern apart.
@@ -44,7 +33,7 @@ char CreateSubcommand::fillSymbol() const {
 /// Carries every layer of the input over onto a layer of the pegboard's size.
 bool CreateSubcommand::reshape(Pattern& pattern) const {
     Pattern input;
-    if (!loadPattern(patternFile_.get(), input))
+    if (!loadPattern(reshape_.get(), input))
         return false;
     for (std::size_t k = 0; k < input.layerCount(); ++k) {
         if (k == pattern.layerCount())

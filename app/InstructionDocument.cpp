@@ -3,7 +3,6 @@
 #include "beads/BeadGeometry.h"
 #include "core/Conversion.h"
 #include "web/ReplaceComponent.h"
-#include "web/StaticComponent.h"
 
 #include <algorithm>
 #include <functional>

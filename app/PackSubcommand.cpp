@@ -1,9 +1,9 @@
 #include "app/PackSubcommand.h"
 
-#include "app/Artwork.h"
+#include "app/InputLoading.h"
+#include "app/OutputSaving.h"
 #include "beads/PanelPacker.h"
-
-#include <iostream>
+#include "core/Console.h"
 
 using namespace VORN;
 
@@ -15,7 +15,7 @@ bool packFile(const std::string& name, PanelPacker& packer) {
     if (!loadPattern(name, pattern))
         return false;
     if (pattern.style != PatternStyle::Square) {
-        std::cerr << "Pattern type in " << name << " is not \"square\".\n";
+        complain("Pattern type in " + name + " is not \"square\".");
         return false;
     }
     for (std::size_t layer = 0; layer < pattern.layerCount(); ++layer)
@@ -25,19 +25,9 @@ bool packFile(const std::string& name, PanelPacker& packer) {
 
 } // namespace
 
-PackSubcommand::PackSubcommand()
-    : KavrinSubcommand{kName, kDescription},
-      pegboard_{arguments().addPositional(PegboardOption::kDescription)},
-      paletteFile_{
-          arguments().addPositional("input palette for background crop").add<Text>("palette")},
-      patternFiles_{arguments()
-                        .addPositional("pattern files")
-                        .add<TextList>("pattern ... patternN", kMaximumPatternFiles)},
-      output_{arguments().addNamed({"-o"}, PatternOutputOption::kDescription)} {}
-
 int PackSubcommand::run() {
     if (pegboard_.style() != PatternStyle::Square) {
-        std::cerr << "Pattern type must be \"square\".\n";
+        complain("Pattern type must be \"square\".");
         return 1;
     }
     Palette palette;
@@ -47,5 +37,5 @@ int PackSubcommand::run() {
     for (const std::string& name : patternFiles_.get())
         if (!packFile(name, packer))
             return 1;
-    return output_.write(packer.panels()) ? 0 : 1;
+    return savePattern(output_, packer.panels()) ? 0 : 1;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/CommonOptions.h"
 #include "app/KavrinSubcommand.h"
 
 /// Packs the layers of square patterns onto panels of one size.
@@ -10,15 +9,13 @@ public:
     static constexpr const char* kDescription =
         "Pack square patterns into pattern with layers of panels.";
 
-    PackSubcommand();
+    PackSubcommand() : KavrinSubcommand{kName, kDescription} {}
     int run() override;
 
 private:
-    using Text = VORN::ArgumentProcessor::DirectValue<std::string>;
-    using TextList = VORN::ArgumentProcessor::CollectValue;
-
-    VORN::PegboardOption pegboard_;
-    Text& paletteFile_;
-    TextList& patternFiles_;
-    VORN::PatternOutputOption output_;
+    VORN::PegboardOption pegboard_{positional(VORN::PegboardOption::kDescription)};
+    VORN::TextOption paletteFile_{positional("input palette for background crop"), "palette"};
+    VORN::TextListOption patternFiles_{positional("pattern files"), "pattern ... patternN",
+                                       VORN::kMaximumPatternFiles};
+    VORN::TextOption output_{named("-o", "output pattern file"), "pattern"};
 };

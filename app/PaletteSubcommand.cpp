@@ -1,17 +1,10 @@
 #include "app/PaletteSubcommand.h"
 
-#include "app/Artwork.h"
+#include "app/InputLoading.h"
+#include "app/OutputSaving.h"
 #include "beads/PaletteGeneration.h"
 
 using namespace VORN;
-
-PaletteSubcommand::PaletteSubcommand()
-    : KavrinSubcommand{kName, kDescription},
-      pictureFile_{arguments()
-                       .addPositional("input picture; importer chosen by extension")
-                       .add<Text>("input picture file")},
-      paletteFile_{
-          arguments().addPositional("output palette file").add<Text>("output palette file")} {}
 
 int PaletteSubcommand::run() {
     Migration::ImageSignal<unsigned char> picture;

@@ -8,12 +8,11 @@ public:
     static constexpr const char* kName = "palette";
     static constexpr const char* kDescription = "Generate palette from a picture.";
 
-    PaletteSubcommand();
+    PaletteSubcommand() : KavrinSubcommand{kName, kDescription} {}
     int run() override;
 
 private:
-    using Text = VORN::ArgumentProcessor::DirectValue<std::string>;
-
-    Text& pictureFile_;
-    Text& paletteFile_;
+    VORN::TextOption pictureFile_{positional("input picture; importer chosen by extension"),
+                                  "input picture file"};
+    VORN::TextOption paletteFile_{positional("output palette file"), "output palette file"};
 };

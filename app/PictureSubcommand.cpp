@@ -1,10 +1,10 @@
 #include "app/PictureSubcommand.h"
 
-#include "app/Artwork.h"
+#include "app/InputLoading.h"
+#include "app/OutputSaving.h"
 #include "beads/BeadGeometry.h"
 #include "beads/Scaling.h"
-
-#include <iostream>
+#include "core/Console.h"
 
 using namespace VORN;
 
@@ -18,39 +18,6 @@ Tuple<2, unsigned> pixelsUnder(PatternStyle style, const Pattern::Layer& layer) 
 
 } // namespace
 
-PictureSubcommand::PictureSubcommand()
-    : KavrinSubcommand{kName, kDescription},
-      pictureFile_{arguments()
-                       .addPositional("input picture; importer chosen by extension")
-                       .add<Text>("picture file")},
-      paletteFile_{arguments()
-                       .addPositional("palette file, or the name of a builtin palette")
-                       .add<Text>("palette file")},
-      patternFile_{arguments().addPositional("output pattern file").add<Text>("pattern file")},
-      crop_{arguments().addNamed({"--crop"}, "image crop")},
-      cropX_{crop_.add<Number>("x")},
-      cropY_{crop_.add<Number>("y")},
-      cropWidth_{crop_.add<Number>("width")},
-      cropHeight_{crop_.add<Number>("height")},
-      cropTransparent_{
-          arguments().addNamed({"--crop-transparent"}, "crop transparent borders of image")},
-      hsvWeights_{arguments().addNamed({"--hsv-weights"}, "color distance HSV weights")},
-      hueWeight_{hsvWeights_.add<Fraction>("H", 1.0F)},
-      saturationWeight_{hsvWeights_.add<Fraction>("S", 1.0F)},
-      valueWeight_{hsvWeights_.add<Fraction>("V", 1.0F)},
-      transparentColor_{arguments().addNamed({"--transparent-color"}, ColorOption::kDescription),
-                        {}},
-      transparentThreshold_{
-          arguments()
-              .addNamed({"--transparent-threshold"}, "threshold box side in the range 0.0-1.0")
-              .add<Fraction>("", 0.05F)},
-      transparentPosition_{arguments().addNamed({"--transparent-position"},
-                                                "position in image to pick transparent color")},
-      transparentX_{transparentPosition_.add<Number>("x")},
-      transparentY_{transparentPosition_.add<Number>("y")},
-      pegboard_{arguments().addNamed({"--pegboard"}, PegboardOption::kDescription)},
-      dithering_{arguments().addNamed({"--dithering"}, "dithering")} {}
-
 int PictureSubcommand::run() {
     Migration::ImageSignal<unsigned char> picture;
     Palette palette;
@@ -58,11 +25,11 @@ int PictureSubcommand::run() {
         return 1;
 
     const auto transparent = transparentColors(PictureView{picture});
-    if (crop_.assigned())
-        crop(picture, {{cropX_.get(), cropY_.get()}, {cropWidth_.get(), cropHeight_.get()}});
-    if (cropTransparent_.assigned()) {
+    if (crop_.given())
+        crop(picture, {{crop_[0], crop_[1]}, {crop_[2], crop_[3]}});
+    if (cropTransparent_.given()) {
         if (!transparent) {
-            std::cerr << "Transparency crop set without transparency criteria.\n";
+            complain("Transparency crop set without transparency criteria.");
             return 1;
         }
         crop(picture, opaqueRegion(PictureView{picture}, *transparent));
@@ -77,16 +44,16 @@ std::optional<ColorBox> PictureSubcommand::transparentColors(const PictureView& 
             color[component] = std::clamp(color[component], 0.0F, 1.0F);
         return ColorBox{color, transparentThreshold_.get()};
     }
-    if (transparentPosition_.assigned())
-        return ColorBox{pickColor(picture, transparentX_.get(), transparentY_.get()),
+    if (transparentPosition_.given())
+        return ColorBox{pickColor(picture, transparentPosition_[0], transparentPosition_[1]),
                         transparentThreshold_.get()};
     return std::nullopt;
 }
 
 PaletteMatcher::Weights PictureSubcommand::weights() const {
-    if (!hsvWeights_.assigned())
+    if (!hsvWeights_.given())
         return std::nullopt;
-    return Vector<3, float>{hueWeight_.get(), saturationWeight_.get(), valueWeight_.get()};
+    return Vector<3, float>{hsvWeights_[0], hsvWeights_[1], hsvWeights_[2]};
 }
 
 int PictureSubcommand::convert(PictureView picture, const std::optional<ColorBox>& transparent,
@@ -108,10 +75,10 @@ int PictureSubcommand::convert(PictureView picture, const std::optional<ColorBox
         }
     }
     const PaletteMatcher matcher{palette, weights()};
-    if (!dithering_.assigned()) {
+    if (!dithering_.given()) {
         matchBeads(picture, matcher, transparent, pattern);
     } else if (pattern.style != PatternStyle::Square) {
-        std::cerr << "Dithering is only supported for square patterns. \n";
+        complain("Dithering is only supported for square patterns. ");
         return 0;
     } else {
         pattern.layer(0) = {dither(picture, matcher), {picture.size()[1], picture.size()[2]}};

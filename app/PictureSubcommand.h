@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/CommonOptions.h"
 #include "app/KavrinSubcommand.h"
 #include "beads/PaletteMatcher.h"
 #include "beads/PictureConversion.h"
@@ -11,42 +10,32 @@ public:
     static constexpr const char* kName = "picture";
     static constexpr const char* kDescription = "Generate pattern from a picture and palette.";
 
-    PictureSubcommand();
+    PictureSubcommand() : KavrinSubcommand{kName, kDescription} {}
     int run() override;
 
 private:
-    using Text = VORN::ArgumentProcessor::DirectValue<std::string>;
-    using Number = VORN::ArgumentProcessor::SimpleValue<unsigned>;
-    using Fraction = VORN::ArgumentProcessor::SimpleValue<float>;
-    using Parameter = VORN::ArgumentProcessor::Parameter;
-
     std::optional<VORN::ColorBox> transparentColors(const VORN::PictureView& picture) const;
     VORN::PaletteMatcher::Weights weights() const;
     int convert(VORN::PictureView picture, const std::optional<VORN::ColorBox>& transparent,
                 const VORN::Palette& palette) const;
 
-    Text& pictureFile_;
-    Text& paletteFile_;
-    Text& patternFile_;
-
-    Parameter& crop_;
-    Number& cropX_;
-    Number& cropY_;
-    Number& cropWidth_;
-    Number& cropHeight_;
-    Parameter& cropTransparent_;
-
-    Parameter& hsvWeights_;
-    Fraction& hueWeight_;
-    Fraction& saturationWeight_;
-    Fraction& valueWeight_;
-
-    VORN::ColorOption transparentColor_;
-    Fraction& transparentThreshold_;
-    Parameter& transparentPosition_;
-    Number& transparentX_;
-    Number& transparentY_;
-
-    VORN::PegboardOption pegboard_;
-    Parameter& dithering_;
+    VORN::TextOption pictureFile_{positional("input picture; importer chosen by extension"),
+                                  "picture file"};
+    VORN::TextOption paletteFile_{positional("palette file, or the name of a builtin palette"),
+                                  "palette file"};
+    VORN::TextOption patternFile_{positional("output pattern file"), "pattern file"};
+    VORN::NumbersOption<unsigned, 4> crop_{named("--crop", "image crop"),
+                                           {"x", "y", "width", "height"}};
+    VORN::FlagOption cropTransparent_{
+        named("--crop-transparent", "crop transparent borders of image")};
+    VORN::NumbersOption<float, 3> hsvWeights_{
+        named("--hsv-weights", "color distance HSV weights"), {"H", "S", "V"}, {1.0F, 1.0F, 1.0F}};
+    VORN::ColorOption transparentColor_{
+        named("--transparent-color", VORN::ColorOption::kDescription), {}};
+    VORN::FractionOption transparentThreshold_{
+        named("--transparent-threshold", "threshold box side in the range 0.0-1.0"), "", 0.05F};
+    VORN::NumbersOption<unsigned, 2> transparentPosition_{
+        named("--transparent-position", "position in image to pick transparent color"), {"x", "y"}};
+    VORN::PegboardOption pegboard_{named("--pegboard", VORN::PegboardOption::kDescription)};
+    VORN::FlagOption dithering_{named("--dithering", "dithering")};
 };

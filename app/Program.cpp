@@ -8,12 +8,11 @@
 #include "app/PictureSubcommand.h"
 #include "app/ShowSubcommand.h"
 #include "app/SubcommandApplication.h"
-#include "core/CppOutStream.h"
+#include "core/Console.h"
 #include "core/ExceptionWriter.h"
 #include "core/TypeName.h"
 
 #include <array>
-#include <iostream>
 
 namespace VORN {
 
@@ -37,19 +36,27 @@ constexpr std::array kSubcommands{
 };
 
 ApplicationInfo applicationInfo() {
-    return {.name = KavrinSubcommand::kProgram,
-            .version = "20240707",
-            .description = "Kavrin bead pattern and palette tool.",
+    return {.name = kProgramName,
+            .version = kProgramVersion,
+            .description = kProgramDescription,
             .programPath = {}};
 }
 
-/// Shows a failure that nobody dealt with; when not even that is possible, the status must do.
+/// Shows a failure that nobody dealt with, in one line whatever happens meanwhile.
 void report(const Exception& failure) noexcept {
     try {
-        CppOutStream errors{std::cerr};
+        CppOutStream errors = standardError();
         ExceptionWriter{errors}.handle(failure, "");
-    } catch (const StreamException&) {
-        return;
+    } catch (...) {
+        complainOfNoMemory();
+    }
+}
+
+void report(const std::exception& failure) noexcept {
+    try {
+        report(CppException{kNoOrigin, failure.what(), className(typeid(failure))});
+    } catch (...) {
+        complainOfNoMemory();
     }
 }
 
@@ -57,13 +64,13 @@ void report(const Exception& failure) noexcept {
 
 int runProgram(int argc, const char* const* argv) {
     try {
-        CppOutStream out{std::cout};
-        CppOutStream errors{std::cerr};
+        CppOutStream out = standardOutput();
+        CppOutStream errors = standardError();
         return SubcommandApplication{applicationInfo(), kSubcommands, out, errors}.run(argc, argv);
     } catch (const Exception& failure) {
         report(failure);
     } catch (const std::exception& failure) {
-        report(CppException{kNoOrigin, failure.what(), className(typeid(failure))});
+        report(failure);
     }
     return 1;
 }

@@ -1,12 +1,11 @@
 #include "app/ShowSubcommand.h"
 
-#include "app/Artwork.h"
+#include "app/InputLoading.h"
+#include "app/OutputSaving.h"
 #include "beads/LayerDrawing.h"
+#include "core/Console.h"
 #include "core/Exception.h"
-#include "core/SaveOutput.h"
 #include "migration/CodecSelection.h"
-
-#include <iostream>
 
 using namespace VORN;
 
@@ -21,30 +20,7 @@ std::string layerFile(const std::string& name, std::size_t layer) {
     return name.substr(0, stem) + '_' + std::to_string(layer) + name.substr(stem);
 }
 
-bool saveImage(const std::string& name, const Migration::ImageSignal<unsigned char>& image) {
-    const auto exporter = Migration::chooseExporter(name);
-    return saveOutput(name, [&](WriteStream& out) {
-        exporter->setStream(&out);
-        image.exportImage(*exporter);
-    });
-}
-
 } // namespace
-
-ShowSubcommand::ShowSubcommand()
-    : KavrinSubcommand{kName, kDescription},
-      paletteFile_{arguments()
-                       .addPositional("palette file, or the name of a builtin palette")
-                       .add<Text>("palette file")},
-      patternFile_{arguments().addPositional("pattern file").add<Text>("pattern file")},
-      imageFile_{arguments()
-                     .addPositional("output image file; exporter chosen by extension")
-                     .add<Text>("output image file")},
-      beadSize_{arguments()
-                    .addNamed({"-s"}, "bead size")
-                    .add<ArgumentProcessor::SimpleValue<float>>("", 4.0F)},
-      background_{arguments().addNamed({"--background"}, ColorOption::kDescription),
-                  {0.5F, 0.5F, 0.5F}} {}
 
 int ShowSubcommand::run() {
     if (!(beadSize_.get() > 0.0F))
@@ -55,7 +31,7 @@ int ShowSubcommand::run() {
     if (!loadPalette(paletteFile_.get(), palette) || !loadPattern(patternFile_.get(), pattern))
         return 1;
     if (!Migration::chooseExporter(imageFile_.get())) {
-        std::cerr << imageFile_.get() << " is not a supported format. \n";
+        complain(imageFile_.get() + " is not a supported format. ");
         return 1;
     }
     Migration::ImageSignal<unsigned char> image;

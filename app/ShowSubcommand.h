@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/CommonOptions.h"
 #include "app/KavrinSubcommand.h"
 
 /// Draws a pattern, one picture for each layer.
@@ -9,15 +8,16 @@ public:
     static constexpr const char* kName = "show";
     static constexpr const char* kDescription = "Produce an image of a pattern.";
 
-    ShowSubcommand();
+    ShowSubcommand() : KavrinSubcommand{kName, kDescription} {}
     int run() override;
 
 private:
-    using Text = VORN::ArgumentProcessor::DirectValue<std::string>;
-
-    Text& paletteFile_;
-    Text& patternFile_;
-    Text& imageFile_;
-    VORN::ArgumentProcessor::SimpleValue<float>& beadSize_; // pixels
-    VORN::ColorOption background_;
+    VORN::TextOption paletteFile_{positional("palette file, or the name of a builtin palette"),
+                                  "palette file"};
+    VORN::TextOption patternFile_{positional("pattern file"), "pattern file"};
+    VORN::TextOption imageFile_{positional("output image file; exporter chosen by extension"),
+                                "output image file"};
+    VORN::FractionOption beadSize_{named("-s", "bead size"), "", 4.0F}; // pixels
+    VORN::ColorOption background_{named("--background", VORN::ColorOption::kDescription),
+                                  {0.5F, 0.5F, 0.5F}};
 };

@@ -1,5 +1,8 @@
 #include "app/SubcommandApplication.h"
 
+#include "app/ArgumentHelp.h"
+#include "app/ArgumentValues.h"
+
 #include <algorithm>
 
 namespace VORN {

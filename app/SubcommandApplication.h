@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/ApplicationInfo.h"
 #include "app/ArgumentProcessor.h"
 #include "core/Stream.h"
 

@@ -1,9 +1,7 @@
+#include "app/Platform.h"
 #include "app/Program.h"
 
-#include <csignal>
-
 int main(int argc, char** argv) {
-    // Output that nobody reads any more is a failed write, which is reported, and not the end.
-    std::signal(SIGPIPE, SIG_IGN);
+    VORN::letWritesFail();
     return VORN::runProgram(argc, argv);
 }

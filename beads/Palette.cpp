@@ -2,7 +2,7 @@
 
 #include "core/Conversion.h"
 #include "core/Exception.h"
-#include "core/ReadAll.h"
+#include "core/BufferStream.h"
 
 #include <algorithm>
 

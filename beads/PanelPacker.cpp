@@ -1,10 +1,10 @@
 #include "beads/PanelPacker.h"
 
+#include "core/Console.h"
 #include "core/Hyperrectangle.h"
 
 #include <algorithm>
 #include <bit>
-#include <iostream>
 
 namespace VORN {
 
@@ -93,10 +93,10 @@ void PanelPacker::giveUpSharing() {
         if (!occupancy)
             continue;
         occupancy.reset();
-        if (isFallbackUntold_)
-            std::cerr << "Binary correlation not implemented, partial packing fall back to full "
-                         "panel packing.\n";
-        isFallbackUntold_ = false;
+        if (warnsOfFallback_)
+            complain("Binary correlation not implemented, partial packing fall back to full panel "
+                     "packing.");
+        warnsOfFallback_ = false;
     }
 }
 

@@ -37,8 +37,8 @@ private:
     Tuple<2, unsigned> panelSize_;
     Pattern panels_;
     std::vector<std::unique_ptr<Occupancy>> occupancies_; // a panel without one is not shared
-    std::size_t givenUp_ = 0; // the panels before this one are not shared any more
-    bool isFallbackUntold_ = true;
+    std::size_t givenUp_ = 0;     // the panels before this one are not shared any more
+    bool warnsOfFallback_ = true; // once
 };
 
 } // namespace VORN

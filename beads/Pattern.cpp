@@ -1,8 +1,8 @@
 #include "beads/Pattern.h"
 
-#include "core/ReadAll.h"
+#include "core/BufferStream.h"
+#include "core/Console.h"
 
-#include <iostream>
 #include <limits>
 
 namespace VORN {
@@ -121,7 +121,7 @@ bool Pattern::Read(ReadStream& in) {
         if (line.empty()) {
             layer.closeLayer(*this);
         } else if (!layer.addRow(line)) {
-            std::cerr << "line " << lineNumber << ": Missmatching line length. \n";
+            complain("line " + std::to_string(lineNumber) + ": Missmatching line length. ");
             return false;
         }
     }

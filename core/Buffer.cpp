@@ -31,10 +31,4 @@ void IncrementalBuffer::reserve(std::uint64_t capacity) {
     capacity_ = static_cast<std::size_t>(capacity);
 }
 
-void IncrementalBuffer::append(std::span<const std::uint8_t> bytes) {
-    const std::size_t at = size_;
-    resize(std::uint64_t{at} + bytes.size());
-    std::ranges::copy(bytes, bytes_.get() + at);
-}
-
 } // namespace VORN

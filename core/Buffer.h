@@ -13,6 +13,7 @@ namespace VORN {
 class Buffer {
 public:
     virtual ~Buffer() = default;
+    /// All its bytes, valid until the buffer's size is changed.
     virtual std::span<const std::uint8_t> data() const = 0;
     /// Throws `AccessException` when the bytes are read-only.
     virtual std::span<std::uint8_t> writableData() = 0;
@@ -61,7 +62,7 @@ public:
     void resize(std::uint64_t size) override;
     void reserve(std::uint64_t capacity) override;
 
-    void append(std::span<const std::uint8_t> bytes);
+    /// The bytes that it can hold without asking for memory.
     std::size_t capacity() const { return capacity_; }
 
 private:

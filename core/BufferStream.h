@@ -47,4 +47,7 @@ private:
     std::size_t position_ = 0; // at most the buffer's size
 };
 
+/// Appends everything up to the end of `source`; memory grows with what arrives.
+void readAll(ReadStream& source, IncrementalBuffer& destination);
+
 } // namespace VORN

@@ -1,11 +1,27 @@
 #include "core/Exception.h"
 
-#include "core/ExceptionWriter.h"
+#include "core/TypeName.h"
 
 #include <array>
+#include <sstream>
 #include <string_view>
 
 namespace VORN {
+
+std::string printedForm(const Exception& exception, const std::string& context) {
+    std::ostringstream text;
+    text.exceptions(std::ios::badbit); // a line is never cut short in silence
+    if (!context.empty())
+        text << "context: " << context << "> ";
+    text << "VORN " << className(typeid(exception));
+    const Origin& origin = exception.origin();
+    if (origin.file != nullptr && origin.line != kNoOrigin.line)
+        text << " (" << origin.file << ", " << origin.line << " )";
+    text << ": ";
+    exception.write(text);
+    text << '\n';
+    return text.str();
+}
 
 void WhatException::write(std::ostream& out) const { out << text_; }
 

@@ -36,6 +36,10 @@ private:
     Origin origin_;
 };
 
+/// The line by which `exception` is shown, its end of line included: the context, if any, the class
+/// name, the origin, if known, and the message. Without memory for it, `std::bad_alloc`.
+std::string printedForm(const Exception& exception, const std::string& context);
+
 /// Supplies `clone` for `Derived`, which derives from it in place of `Base`.
 template <class Derived, class Base = Exception>
 class Clonable : public Base {

@@ -8,14 +8,11 @@
 
 namespace VORN {
 
-/// The line by which `exception` is shown, its end of line included: the context, if any, the class
-/// name, the origin, if known, and the message.
-std::string printedForm(const Exception& exception, const std::string& context);
-
 /// Receives exceptions that nobody else could deal with.
 class ExceptionHandler {
 public:
     virtual ~ExceptionHandler() = default;
+    /// `context` tells what was being done, and may be empty.
     virtual void handle(const Exception& exception, const std::string& context) = 0;
 };
 
@@ -25,6 +22,7 @@ public:
     /// `out` is borrowed and must outlive the writer.
     explicit ExceptionWriter(WriteStream& out) : writer_{out} {}
 
+    /// Composes the whole line before any of it is written.
     void handle(const Exception& exception, const std::string& context) override;
     unsigned count() const { return count_; }
 

@@ -1,7 +1,6 @@
 #include "core/ResourcePackage.h"
 
 #include "core/BufferStream.h"
-#include "core/BuiltinPackage.h"
 #include "core/Conversion.h"
 #include "core/Crc32.h"
 #include "core/Exception.h"

@@ -9,6 +9,9 @@
 
 namespace VORN {
 
+/// The package of builtin palettes, laid out by resources/generatePackage.cpp during the build.
+std::span<const std::uint8_t> builtinPackage();
+
 /// Read-only named texts that lie back to back in one run of bytes.
 ///
 /// The package begins with the four bytes of `kLeader`, the index (the number of entries, then per

@@ -7,7 +7,10 @@
 namespace VORN {
 
 void StreamPump::pump(std::uint64_t count) {
-    requireStreams();
+    if (source_ == nullptr)
+        throw UninitializedException{kNoOrigin, "Stream pump source"};
+    if (sink_ == nullptr)
+        throw UninitializedException{kNoOrigin, "Stream pump sink"};
     chunk_.resize(chunkBytes_);
     while (count > 0) {
         const auto piece = static_cast<std::size_t>(std::min<std::uint64_t>(count, chunkBytes_));
@@ -16,20 +19,6 @@ void StreamPump::pump(std::uint64_t count) {
         sink_->write(part);
         count -= piece;
     }
-}
-
-void StreamPump::pumpToEnd() {
-    requireStreams();
-    chunk_.resize(chunkBytes_);
-    while (const std::size_t piece = source_->readSome(chunk_))
-        sink_->write(std::span{chunk_}.first(piece));
-}
-
-void StreamPump::requireStreams() const {
-    if (source_ == nullptr)
-        throw UninitializedException{kNoOrigin, "Stream pump source"};
-    if (sink_ == nullptr)
-        throw UninitializedException{kNoOrigin, "Stream pump sink"};
 }
 
 } // namespace VORN

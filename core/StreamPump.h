@@ -17,13 +17,10 @@ public:
     void setSink(WriteStream* sink) { sink_ = sink; }
 
     /// Copies `count` bytes; a source or sink that is not set is an `UninitializedException`.
+    /// The sink is not flushed.
     void pump(std::uint64_t count);
-    /// Copies everything up to the end of the source.
-    void pumpToEnd();
 
 private:
-    void requireStreams() const;
-
     std::size_t chunkBytes_;
     std::vector<std::uint8_t> chunk_;
     ReadStream* source_ = nullptr;

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cxxabi.h>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -29,9 +30,12 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to) {
 } // namespace
 
 std::string className(const std::type_info& type) {
+    constexpr int kNoMemory = -1;
     int status = 0;
     const std::unique_ptr<char, decltype(&std::free)> demangled{
         abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), &std::free};
+    if (status == kNoMemory)
+        throw std::bad_alloc{};
     std::string name = demangled ? demangled.get() : type.name();
     for (const auto& [spelling, common] : kSpellings)
         replaceAll(name, spelling, common);

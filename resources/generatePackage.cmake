@@ -1,15 +1,18 @@
 # Writes the package of builtin palettes, as core/ResourcePackage.h describes it, as a C++ source:
 #
-#   cmake -D FOLDER=palettes -D OUTPUT=BuiltinPackage.cpp -P generatePackage.cmake
+#   cmake -P generatePackage.cmake OUTPUT.cpp PALETTE...
 #
-# A script, so that a build for another machine needs no program for this one. Bytes are pairs of
-# hexadecimal digits here.
+# Each palette is known by the name that it is given by. This is a script, so that a build for
+# another machine needs no program for this one; bytes are pairs of hexadecimal digits here.
 cmake_minimum_required(VERSION 3.25)
 
+set(output ${CMAKE_ARGV3})
+set(names "")
+foreach(argument RANGE 4 ${CMAKE_ARGC})
+    list(APPEND names ${CMAKE_ARGV${argument}})
+endforeach()
 # The palettes lie back to back from here on, after the leader, the index and its CRC-32.
 set(first_offset 664)
-set(names
-    artkal.txt artkal_mini.txt hama.txt hama_mini.txt ikea.txt nabbi.txt kavrin.txt kavrin_mini.txt)
 
 # Appends `number` to `package` as four bytes, the least significant first.
 macro(append_number number)
@@ -48,9 +51,9 @@ append_number(${count})
 set(offset ${first_offset})
 set(contents "")
 foreach(name IN LISTS names)
-    file(READ ${FOLDER}/${name} content HEX)
-    file(SIZE ${FOLDER}/${name} size)
-    append_text(palettes/${name})
+    file(READ ${name} content HEX)
+    file(SIZE ${name} size)
+    append_text(${name})
     append_number(2) # attributes: their keys, then their values
     foreach(text offset size ${offset} ${size})
         append_text(${text})
@@ -72,8 +75,8 @@ string(APPEND package ${unused}${contents})
 string(REGEX REPLACE "(..)" "0x\\1," numbers ${package})
 string(REPEAT . 80 line) # 16 bytes
 string(REGEX REPLACE "(${line})" "\\1\n" numbers ${numbers})
-file(CONFIGURE OUTPUT ${OUTPUT} @ONLY CONTENT [[
-#include "core/BuiltinPackage.h"
+file(CONFIGURE OUTPUT ${output} @ONLY CONTENT [[
+#include "core/ResourcePackage.h"
 
 #include <array>
 

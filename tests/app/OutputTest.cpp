@@ -20,6 +20,14 @@ void becomeNobody() {
         _exit(126);
 }
 
+/// Runs a copy of the program: nobody need not be let into the folders above the program itself.
+ChildRun runByNobody(const std::vector<std::string>& arguments) {
+    const std::string program = temporaryFile("kavrin");
+    fs::copy_file(KAVRIN_PROGRAM, program, fs::copy_options::overwrite_existing);
+    fs::permissions(program, fs::perms{0755});
+    return runChild(arguments, becomeNobody, program);
+}
+
 TEST(Output, EndsWithOneLineWhereItCannotBeWritten) {
     const std::string palette = makeFile("palette.txt", kPalette);
     const std::string pattern = makeFile("pattern.txt", kPattern);
@@ -78,15 +86,112 @@ TEST(Output, LeavesFilesThatCannotBeWrittenAlone) {
     fs::permissions(picture, fs::perms{0444});
     const std::string kept = makeFile("kept.txt", "kept");
     fs::permissions(kept, fs::perms{0444});
-    // Nobody need not be let into the folders above the program.
-    const std::string program = temporaryFile("kavrin");
-    fs::copy_file(KAVRIN_PROGRAM, program);
-    fs::permissions(program, fs::perms{0755});
-    const ChildRun run = runChild({"palette", picture, kept}, becomeNobody, program);
+    const ChildRun run = runByNobody({"palette", picture, kept});
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, "Failed to open " + kept + "\n");
+    EXPECT_EQ(run.err, "Failed to open " + kept + "\n"); // also where its folder may be written
     EXPECT_EQ(contentOf(kept), "kept");
     fs::permissions(kept, fs::perms{0644});
+}
+
+/// A folder of the running test, empty at first; removed when it goes.
+class Folder {
+public:
+    Folder() {
+        fs::remove_all(path_);
+        fs::create_directory(path_);
+        fs::permissions(path_, fs::perms{0777});
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() { fs::remove_all(path_); }
+
+    fs::path operator/(const std::string& name) const { return path_ / name; }
+    /// The names in it, each with its content: "a=text b=other".
+    std::string listing() const {
+        std::vector<std::string> files;
+        for (const auto& entry : fs::directory_iterator{path_})
+            files.push_back(entry.path().filename().string() + '=' + contentOf(entry.path()));
+        std::ranges::sort(files);
+        std::string all;
+        for (const std::string& file : files)
+            all += (all.empty() ? "" : " ") + file;
+        return all;
+    }
+
+private:
+    fs::path path_ = temporaryFile("folder");
+};
+
+// The file is a.txt; link leads to it, twin is a further name of it, dangling leads to new.txt.
+TEST(Output, ReplacesFilesOnlyByWholeOnes) {
+    const std::string whole = "square\n\n.\n\n";
+    const std::string failed =
+        "VORN class VORN::StreamException: Failed to write to output stream. \n";
+    struct Case {
+        const char* output;
+        std::vector<std::string> names;
+        std::string written; // the folder after a run that could write
+        std::string kept;    // the folder after a run that could not write to the end
+    };
+    const Case kCases[] = {
+        {"a.txt", {}, "a.txt=" + whole, "a.txt=old"},
+        {"link", {"link"}, "a.txt=" + whole + " link=" + whole, "a.txt=old link=old"},
+        {"a.txt", {"twin"}, "a.txt=" + whole + " twin=" + whole, "a.txt= twin="},
+        {"b.txt", {}, "a.txt=old b.txt=" + whole, "a.txt=old"},
+        {"dangling",
+         {"dangling"},
+         "a.txt=old dangling=" + whole + " new.txt=" + whole,
+         "a.txt=old dangling="},
+        {"a.txt",
+         {"a.txt.kavrin-unfinished"},
+         "a.txt.kavrin-unfinished=left a.txt=" + whole,
+         "a.txt.kavrin-unfinished=left a.txt=old"},
+    };
+    for (const Case& c : kCases) {
+        for (const bool isWritable : {true, false}) {
+            SCOPED_TRACE(testing::Message() << c.output << ' ' << c.kept << ' ' << isWritable);
+            const Folder folder;
+            std::ofstream{folder / "a.txt"} << "old";
+            fs::permissions(folder / "a.txt", fs::perms{0640});
+            for (const std::string& name : c.names) {
+                if (name == "link")
+                    fs::create_symlink("a.txt", folder / name);
+                else if (name == "dangling")
+                    fs::create_symlink("new.txt", folder / name);
+                else if (name == "twin")
+                    fs::create_hard_link(folder / "a.txt", folder / name);
+                else
+                    std::ofstream{folder / name} << "left";
+            }
+            const ChildRun run = runChild(
+                {"create", "square", isWritable ? "1" : "900", "-o", folder / c.output}, [] {
+                    const rlimit fileBytes{100000, 100000};
+                    setrlimit(RLIMIT_FSIZE, &fileBytes);
+                });
+            EXPECT_EQ(run.err, isWritable ? "" : failed);
+            EXPECT_EQ(run.status, isWritable ? 0 : 1);
+            EXPECT_EQ(folder.listing(), isWritable ? c.written : c.kept);
+            EXPECT_EQ(fs::status(folder / "a.txt").permissions(), fs::perms{0640});
+        }
+    }
+}
+
+TEST(Output, WritesInPlaceWhereNothingCanBeMadeBeside) {
+    const Folder folder;
+    const std::string longName(250, 'n');
+    for (const std::string& name : {"a.txt"s, longName}) {
+        std::ofstream{folder / name} << "old";
+        fs::permissions(folder / name, fs::perms{0666});
+    }
+    EXPECT_EQ(runChild({"create", "square", "1", "-o", folder / longName}).err, "");
+    EXPECT_EQ(contentOf(folder / longName), "square\n\n.\n\n");
+    fs::permissions(folder / "", fs::perms{0555});
+    EXPECT_EQ(runByNobody({"create", "square", "1", "-o", folder / "a.txt"}).err, "");
+    fs::permissions(folder / "", fs::perms{0777});
+    EXPECT_EQ(contentOf(folder / "a.txt"), "square\n\n.\n\n");
+    // Only its owner could make another file of it.
+    EXPECT_EQ(runByNobody({"create", "square", "2", "-o", folder / "a.txt"}).err, "");
+    EXPECT_EQ(contentOf(folder / "a.txt"), "square\n\n..\n..\n\n");
 }
 
 } // namespace

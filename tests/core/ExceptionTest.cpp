@@ -1,4 +1,4 @@
-#include "core/CppOutStream.h"
+#include "core/CppStream.h"
 #include "core/ExceptionWriter.h"
 #include "core/TypeName.h"
 #include "tests/Complaint.h"

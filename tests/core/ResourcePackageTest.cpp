@@ -1,5 +1,4 @@
 #include "core/ResourcePackage.h"
-#include "core/BuiltinPackage.h"
 #include "tests/Complaint.h"
 
 #include <gtest/gtest.h>

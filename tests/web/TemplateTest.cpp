@@ -1,5 +1,4 @@
 #include "web/ReplaceComponent.h"
-#include "web/StaticComponent.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 #include "core/Stream.h"
 
 #include <istream>
+#include <ostream>
 
 namespace VORN {
 
@@ -25,6 +26,25 @@ public:
 
 private:
     std::istream* in_;
+};
+
+/// Writes to a standard output stream, which is borrowed and must outlive this one.
+///
+/// Every failure of it is a `StreamException`; counts and positions above the largest signed 64-bit
+/// value are a `BoundException`. What a full disk refuses may show only in `flush`.
+class CppOutStream : public RandomWriteStream {
+public:
+    explicit CppOutStream(std::ostream& out);
+
+    void write(std::span<const std::uint8_t> source) override;
+    void flush() override;
+
+    void seek(std::uint64_t position) override;
+    std::uint64_t tell() override;
+    std::uint64_t size() override;
+
+private:
+    std::ostream* out_;
 };
 
 } // namespace VORN

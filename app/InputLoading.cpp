@@ -1,0 +1,70 @@
+#include "app/InputLoading.h"
+
+#include "app/Platform.h"
+#include "core/Console.h"
+#include "core/ResourcePackage.h"
+#include "migration/CodecSelection.h"
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
+namespace VORN {
+
+namespace {
+
+/// Tells whether it accepted what the stream, which is at its start, holds.
+using Reader = std::function<bool(RandomReadStream&)>;
+
+bool loadBuiltin(const std::string& name, RandomReadStream& resource, const Reader& read) {
+    if (read(resource))
+        return true;
+    complain("Failed to load " + name + " from builtin resources.");
+    return false;
+}
+
+bool loadFile(const std::string& name, const Reader& read) {
+    const std::filesystem::path path = pathOf(name);
+    std::error_code ignored;
+    // Some systems open folders as if they were files without any bytes to be read.
+    const bool isFolder = std::filesystem::is_directory(path, ignored);
+    std::ifstream file{path, std::ios::binary};
+    if (isFolder || !file) {
+        complain("Failed to open " + name);
+        return false;
+    }
+    CppInStream stream{file};
+    if (read(stream))
+        return true;
+    complain("Failed to load " + name);
+    return false;
+}
+
+bool loadInput(const std::string& name, const Reader& read) {
+    if (const auto resource = ResourcePackage::builtin().open(name))
+        return loadBuiltin(name, *resource, read);
+    return loadFile(name, read);
+}
+
+} // namespace
+
+bool loadPalette(const std::string& name, Palette& palette) {
+    return loadInput(name, [&](ReadStream& in) { return palette.Read(in); });
+}
+
+bool loadPattern(const std::string& name, Pattern& pattern) {
+    return loadInput(name, [&](ReadStream& in) { return pattern.Read(in); });
+}
+
+bool loadPicture(const std::string& name, Migration::ImageSignal<unsigned char>& picture) {
+    return loadInput(name, [&](RandomReadStream& in) {
+        const auto importer = Migration::chooseImporter(name, in);
+        if (!importer)
+            return false;
+        importer->setStream(&in);
+        picture.importImage(*importer);
+        return true;
+    });
+}
+
+} // namespace VORN

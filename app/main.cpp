@@ -2,6 +2,10 @@
 #include "app/Program.h"
 
 int main(int argc, char** argv) {
-    VORN::letWritesFail();
-    return VORN::runProgram(argc, argv);
+    VORN::prepareStreams();
+    const std::vector<std::string> words = VORN::commandLine(argc, argv);
+    std::vector<const char*> texts;
+    for (const std::string& word : words)
+        texts.push_back(word.c_str());
+    return VORN::runProgram(static_cast<int>(texts.size()), texts.data());
 }

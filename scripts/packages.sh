@@ -10,7 +10,7 @@ declare -A shows=(
     [g++-s390x-linux-gnu]=s390x-linux-gnu-g++ [gcovr]=gcovr [git]=git
     [googletest]=/usr/src/googletest/CMakeLists.txt [libbenchmark-dev]='<benchmark/benchmark.h>'
     [libgtest-dev]='<gtest/gtest.h>' [man-db]=man [ninja-build]=ninja
-    [qemu-user-static]=qemu-aarch64-static [valgrind]=valgrind [wine]=wine [xz-utils]=xz
+    [qemu-user-static]=qemu-aarch64-static [valgrind]=valgrind [wine]=wine [wine64]=wine [xz-utils]=xz
     [zip]=zip [unzip]=unzip [zsh]=zsh)
 
 # Whether what a package brings is there.

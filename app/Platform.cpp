@@ -139,9 +139,10 @@ std::filesystem::path pathOf(const std::string& name) { return name; }
 bool isSystemPath(const std::filesystem::path& path) {
     const std::filesystem::path normal = path.lexically_normal();
     auto part = normal.begin();
-    if (part == normal.end() || *part != "/" || ++part == normal.end())
+    if (part == normal.end() || *part != "/")
         return false;
-    return *part == "dev" || *part == "proc";
+    ++part;
+    return part != normal.end() && (*part == "dev" || *part == "proc");
 }
 
 std::error_code createFile(const std::filesystem::path& path) {

@@ -93,6 +93,7 @@ public:
         virtual ~ActionHandler() = default;
         /// `option` is the argument that asked for help.
         virtual void help(const ArgumentProcessor& processor, const std::string& option) = 0;
+        /// The version was asked for.
         virtual void version(const ArgumentProcessor& processor) = 0;
         /// `message` is a sentence about the arguments, without an end of line.
         virtual void error(const ArgumentProcessor& processor, const std::string& message) = 0;

@@ -40,7 +40,11 @@ R"tex($(Palette)
 )tex"
 "% Draw beads in center of grid cells. \n"
 R"tex(\begin{scope}[shift={(0.5, 0.5)}]
-$(Pattern)
+)tex";
+
+// The beads stand here, each rendered when it is written.
+constexpr const char* kBlockEnd =
+R"tex(
 \end{scope}
 
 \end{tikzpicture}
@@ -107,9 +111,10 @@ InstructionDocument::Usage InstructionDocument::writeBlock(Text::TextWriter& out
                                                            PatternStyle style,
                                                            const Pattern::Layer& layer) {
     Usage usage;
-    values_["Pattern"] = beadLines(style, layer, usage);
+    render(out, Web::ReplaceComponent{kBlockStart});
+    writeBeads(out, style, layer, usage);
     values_["Usage"] = usageRows(usage);
-    render(out, Web::ReplaceComponent{std::string{kBlockStart} + kUsagePicture + "\n"});
+    render(out, Web::ReplaceComponent{std::string{kBlockEnd} + kUsagePicture + "\n"});
     return usage;
 }
 
@@ -135,15 +140,15 @@ std::string InstructionDocument::paletteLines() const {
 }
 
 /// Draws and counts the beads of a layer in content order.
-std::string InstructionDocument::beadLines(PatternStyle style, const Pattern::Layer& layer,
-                                           Usage& usage) const {
+void InstructionDocument::writeBeads(Text::TextWriter& out, PatternStyle style,
+                                     const Pattern::Layer& layer, Usage& usage) const {
     const Web::ReplaceComponent bead{kBeadLine};
     const Web::ReplaceComponent cross{kCrossLine};
     Web::Values values;
     std::string& x = values["X"];
     std::string& y = values["Y"];
     std::string& entry = values["Entry"];
-    std::string lines;
+    std::string line;
     const BeadGeometry geometry{style, layer.size};
     forEachBead(geometry, layer.content.size(), [&](std::size_t i) {
         const char symbol = layer.content[i];
@@ -152,10 +157,11 @@ std::string InstructionDocument::beadLines(PatternStyle style, const Pattern::La
         y = Text::toText(position[1]);
         entry.assign(1, symbol);
         const bool isColored = palette_.Contains(static_cast<unsigned char>(symbol));
-        (isColored ? bead : cross).render(lines, values);
+        line.clear();
+        (isColored ? bead : cross).render(line, values);
+        out.write(line);
         usage.count(symbol);
     });
-    return lines;
 }
 
 /// The beads used of each palette colour, most used first, as rows of a TikZ matrix.

@@ -24,6 +24,7 @@ public:
     /// `palette` is borrowed and must outlive the document.
     InstructionDocument(const Palette& palette, const Settings& settings);
 
+    /// Writes it piece by piece: beyond the patterns it takes no memory that grows with them.
     void write(Text::TextWriter& out, const std::vector<Pattern>& patterns);
 
 private:
@@ -32,7 +33,8 @@ private:
     Usage writeBlock(Text::TextWriter& out, PatternStyle style, const Pattern::Layer& layer);
     void render(Text::TextWriter& out, const Web::Component& part) const;
     std::string paletteLines() const;
-    std::string beadLines(PatternStyle style, const Pattern::Layer& layer, Usage& usage) const;
+    void writeBeads(Text::TextWriter& out, PatternStyle style, const Pattern::Layer& layer,
+                    Usage& usage) const;
     std::string usageRows(const Usage& usage) const;
 
     const Palette& palette_;

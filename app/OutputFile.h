@@ -43,6 +43,7 @@ private:
         /// Takes the name, while nothing is planned; planning then needs no memory.
         void watch(const std::filesystem::path& file) { file_ = file; }
         void plan(Way way) { way_ = way; }
+        /// Undoes what is planned, if anything, at once.
         void now() noexcept;
 
     private:

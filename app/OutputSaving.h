@@ -14,9 +14,11 @@ namespace VORN {
 // Each writes the file `name`, whole or not at all, as `OutputFile` does. False comes after one
 // line on standard error, when the file cannot be opened; what cannot be written to its end throws.
 
+/// Writes a palette file.
 bool savePalette(const std::string& name, const Palette& palette);
+/// Writes a pattern file.
 bool savePattern(const std::string& name, const Pattern& pattern);
-/// The format is chosen by the extension of the name, which must be a known one.
+/// Writes a picture. The format is chosen by the extension of the name, which must be a known one.
 bool saveImage(const std::string& name, const Migration::ImageSignal<unsigned char>& image);
 
 /// Writes the file that was given or, without one, standard output.

@@ -7,6 +7,7 @@
 #if defined(_WIN32)
 #include <io.h>
 #include <memory>
+#include <vector>
 #include <windows.h>
 
 #include <shellapi.h>
@@ -65,16 +66,19 @@ void prepareStreams() {
     _setmode(_fileno(stderr), _O_BINARY);
 }
 
-std::vector<std::string> commandLine(int count, const char* const* words) {
+int withCommandLine(int count, const char* const* words, int (*run)(int, const char* const*)) {
     int wideCount = 0;
     const std::unique_ptr<wchar_t*, decltype(&LocalFree)> wide{
         CommandLineToArgvW(GetCommandLineW(), &wideCount), &LocalFree};
     if (!wide)
-        return {words, words + count};
+        return run(count, words);
     std::vector<std::string> narrow;
     for (int i = 0; i < wideCount; ++i)
         narrow.push_back(narrowed(wide.get()[i]));
-    return narrow;
+    std::vector<const char*> texts;
+    for (const std::string& text : narrow)
+        texts.push_back(text.c_str());
+    return run(wideCount, texts.data());
 }
 
 bool settleStandardOutput() { return true; }
@@ -124,8 +128,8 @@ void prepareStreams() {
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
-std::vector<std::string> commandLine(int count, const char* const* words) {
-    return {words, words + count};
+int withCommandLine(int count, const char* const* words, int (*run)(int, const char* const*)) {
+    return run(count, words);
 }
 
 bool settleStandardOutput() {

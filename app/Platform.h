@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <string>
 #include <system_error>
-#include <vector>
 
 namespace VORN {
 
@@ -13,14 +12,14 @@ namespace VORN {
 /// the standard streams carry every byte as it is.
 void prepareStreams();
 
-/// The words of the command line, the program's own name first, in UTF-8 where the system knows
-/// characters. `count` and `words` are those of `main`.
-std::vector<std::string> commandLine(int count, const char* const* words);
+/// Calls `run` with the words of the command line, in UTF-8 where the system knows characters, and
+/// returns what it returns. `count` and `words` are those of `main`.
+int withCommandLine(int count, const char* const* words, int (*run)(int, const char* const*));
 
 /// Whether the system has taken what was flushed to standard output, as closing it would tell.
 bool settleStandardOutput();
 
-/// The file of that name as `commandLine` gives it.
+/// The file of that name as the command line gives it.
 std::filesystem::path pathOf(const std::string& name);
 
 /// Whether `path`, which is absolute, names a view of the system or a device in place of a file.

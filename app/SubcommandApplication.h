@@ -16,6 +16,7 @@ public:
     /// A job of the program, with options of its own.
     class Subcommand {
     public:
+        /// Without a version, none is offered.
         Subcommand(const std::string& program, const std::string& name, std::string description,
                    std::string version);
         Subcommand(const Subcommand&) = delete;
@@ -39,6 +40,7 @@ public:
         Factory factory;
     };
 
+    /// A subcommand as the application keeps it.
     struct SubcommandEntry {
         std::string name;
         std::string description;

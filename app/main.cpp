@@ -1,12 +1,24 @@
 #include "app/Platform.h"
 #include "app/Program.h"
+#include "core/Console.h"
+
+#include <cstdlib>
+#include <exception>
+
+namespace {
+
+/// Where the language ends up when there is not even memory for an exception.
+[[noreturn]] void endWithoutException() {
+    if (std::current_exception() != nullptr)
+        std::abort();
+    VORN::complainOfNoMemory();
+    std::_Exit(1);
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
+    std::set_terminate(endWithoutException);
     VORN::prepareStreams();
-    const std::vector<std::string> words = VORN::commandLine(argc, argv);
-    std::vector<const char*> texts;
-    texts.reserve(words.size());
-    for (const std::string& word : words)
-        texts.push_back(word.c_str());
-    return VORN::runProgram(static_cast<int>(texts.size()), texts.data());
+    return VORN::withCommandLine(argc, argv, VORN::runProgram);
 }

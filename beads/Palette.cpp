@@ -1,8 +1,8 @@
 #include "beads/Palette.h"
 
+#include "core/BufferStream.h"
 #include "core/Conversion.h"
 #include "core/Exception.h"
-#include "core/BufferStream.h"
 
 #include <algorithm>
 

@@ -7,14 +7,6 @@
 
 namespace VORN {
 
-namespace {
-
-std::span<const std::uint8_t> bytesOf(std::string_view text) {
-    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
-} // namespace
-
 CppOutStream standardOutput() { return CppOutStream{std::cout}; }
 
 CppOutStream standardError() { return CppOutStream{std::cerr}; }
@@ -23,19 +15,17 @@ void complain(std::string_view text) {
     std::string line{text};
     line += '\n';
     try {
-        standardError().write(bytesOf(line));
+        standardError().write({reinterpret_cast<const std::uint8_t*>(line.data()), line.size()});
     } catch (const StreamException&) {
         return;
     }
 }
 
 void complainOfNoMemory() noexcept {
-    try {
-        standardError().write(
-            bytesOf("VORN class VORN::AllocateException: Failed to allocate failure report. \n"));
-    } catch (...) { // not even memory for the exception that tells of a closed stream
-        return;
-    }
+    // No stream of this family: what it throws would take memory.
+    constexpr std::string_view kLine =
+        "VORN class VORN::AllocateException: Failed to allocate failure report. \n";
+    std::cerr.write(kLine.data(), kLine.size());
 }
 
 } // namespace VORN

@@ -92,6 +92,7 @@ private:
     std::string subject_; // a noun phrase, such as "PNG interlace method 1"
 };
 
+/// An iterator that does not point to an element.
 class IteratorException : public Clonable<IteratorException> {
 public:
     using Clonable::Clonable;
@@ -105,6 +106,7 @@ public:
     void write(std::ostream& out) const override;
 };
 
+/// Data that ends where `expected`, a noun phrase, should follow.
 class UnexpectedEndException : public Clonable<UnexpectedEndException> {
 public:
     UnexpectedEndException(Origin origin, std::string expected)
@@ -130,6 +132,7 @@ private:
     std::string target_;
 };
 
+/// A value in the place of `expectation`, such as "a palette symbol".
 class UnexpectedValueException : public Clonable<UnexpectedValueException> {
 public:
     UnexpectedValueException(Origin origin, std::string value, std::string expectation)
@@ -155,6 +158,7 @@ private:
     std::string subject_;
 };
 
+/// Something that may not be used in that way; `reason` is what follows "because".
 class AccessException : public Clonable<AccessException> {
 public:
     AccessException(Origin origin, std::string subject, std::string reason)
@@ -168,6 +172,7 @@ private:
     std::string reason_;
 };
 
+/// Something of the system that is not to be had.
 class AcquireException : public Clonable<AcquireException> {
 public:
     AcquireException(Origin origin, std::string subject)
@@ -179,7 +184,7 @@ private:
     std::string subject_;
 };
 
-/// Deliberately words its message as `AcquireException` does.
+/// Something that cannot be given back. Deliberately words its message as `AcquireException`.
 class ReleaseException : public Clonable<ReleaseException> {
 public:
     ReleaseException(Origin origin, std::string subject)

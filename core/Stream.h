@@ -46,6 +46,7 @@ class RandomStream : public virtual Stream {
 public:
     /// Moves to `position`, which may be the end.
     virtual void seek(std::uint64_t position) = 0;
+    /// The position, which is where the next operation starts.
     virtual std::uint64_t tell() = 0;
     /// The position of the end; the stream stays where it is.
     virtual std::uint64_t size() = 0;

@@ -16,6 +16,7 @@ class TextWriter {
 public:
     explicit TextWriter(WriteStream& out) : out_{&out} {}
 
+    /// Appends `text` as it is.
     void write(std::string_view text);
     void endLine() { write("\n"); }
 

@@ -1,7 +1,7 @@
 #include "migration/jpeg/JPEGImporter.h"
 
-#include "core/Exception.h"
 #include "core/BufferStream.h"
+#include "core/Exception.h"
 #include "migration/ImageMetadata.h"
 #include "migration/jpeg/BlockReader.h"
 

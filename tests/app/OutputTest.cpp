@@ -165,7 +165,7 @@ TEST(Output, ReplacesFilesOnlyByWholeOnes) {
             }
             const ChildRun run = runChild(
                 {"create", "square", isWritable ? "1" : "900", "-o", folder / c.output}, [] {
-                    const rlimit fileBytes{100000, 100000};
+                    const rlimit fileBytes{400000, 400000};
                     setrlimit(RLIMIT_FSIZE, &fileBytes);
                 });
             EXPECT_EQ(run.err, isWritable ? "" : failed);

@@ -4,10 +4,108 @@
 #include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
+#if defined(_WIN32)
+#include <io.h>
+#include <memory>
+#include <vector>
+#include <windows.h>
+
+#include <shellapi.h>
+#else
 #include <unistd.h>
 #if defined(__linux__)
 #include <sys/xattr.h>
 #endif
+#endif
+
+#if defined(_WIN32)
+
+namespace VORN {
+
+namespace {
+
+/// `text` in UTF-8; halves of characters become U+FFFD.
+std::string narrowed(const std::wstring& text) {
+    const int units = static_cast<int>(text.size());
+    const auto convert = [&](char* out, int bytes) {
+        return WideCharToMultiByte(CP_UTF8, 0, text.data(), units, out, bytes, nullptr, nullptr);
+    };
+    std::string bytes(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+    convert(bytes.data(), static_cast<int>(bytes.size()));
+    return bytes;
+}
+
+/// The UTF-8 of `text` as the system wants it.
+std::wstring widened(const std::string& text) {
+    const int bytes = static_cast<int>(text.size());
+    const auto convert = [&](wchar_t* out, int units) {
+        return MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, out, units);
+    };
+    std::wstring units(static_cast<std::size_t>(convert(nullptr, 0)), L'\0');
+    convert(units.data(), static_cast<int>(units.size()));
+    return units;
+}
+
+/// Lets the console show UTF-8 until it goes.
+class ConsoleInUtf8 {
+public:
+    ConsoleInUtf8() { SetConsoleOutputCP(CP_UTF8); }
+    ConsoleInUtf8(const ConsoleInUtf8&) = delete;
+    ConsoleInUtf8& operator=(const ConsoleInUtf8&) = delete;
+    ~ConsoleInUtf8() { SetConsoleOutputCP(before_); }
+
+private:
+    UINT before_ = GetConsoleOutputCP();
+};
+
+} // namespace
+
+void prepareStreams() {
+    static const ConsoleInUtf8 console;
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+}
+
+int withCommandLine(int count, const char* const* words, int (*run)(int, const char* const*)) {
+    int wideCount = 0;
+    const std::unique_ptr<wchar_t*, decltype(&LocalFree)> wide{
+        CommandLineToArgvW(GetCommandLineW(), &wideCount), &LocalFree};
+    if (!wide)
+        return run(count, words);
+    std::vector<std::string> narrow;
+    for (int i = 0; i < wideCount; ++i)
+        narrow.push_back(narrowed(wide.get()[i]));
+    std::vector<const char*> texts;
+    for (const std::string& text : narrow)
+        texts.push_back(text.c_str());
+    return run(wideCount, texts.data());
+}
+
+bool settleStandardOutput() { return true; }
+
+std::filesystem::path pathOf(const std::string& name) { return widened(name); }
+
+bool isSystemPath(const std::filesystem::path& path) {
+    return path.native().starts_with(LR"(\\.\)");
+}
+
+std::error_code createFile(const std::filesystem::path& path) {
+    const int file =
+        _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+    if (file < 0)
+        return {errno, std::generic_category()};
+    _close(file);
+    return {};
+}
+
+bool copyOwnership(const std::filesystem::path& /*original*/,
+                   const std::filesystem::path& /*file*/) {
+    return true;
+}
+
+} // namespace VORN
+
+#else
 
 namespace VORN {
 
@@ -25,9 +123,13 @@ bool hasAccessList(const std::filesystem::path& file) {
 
 } // namespace
 
-void letWritesFail() {
+void prepareStreams() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+}
+
+int withCommandLine(int count, const char* const* words, int (*run)(int, const char* const*)) {
+    return run(count, words);
 }
 
 bool settleStandardOutput() {
@@ -41,9 +143,10 @@ std::filesystem::path pathOf(const std::string& name) { return name; }
 bool isSystemPath(const std::filesystem::path& path) {
     const std::filesystem::path normal = path.lexically_normal();
     auto part = normal.begin();
-    if (part == normal.end() || *part != "/" || ++part == normal.end())
+    if (part == normal.end() || *part != "/")
         return false;
-    return *part == "dev" || *part == "proc";
+    ++part;
+    return part != normal.end() && (*part == "dev" || *part == "proc");
 }
 
 std::error_code createFile(const std::filesystem::path& path) {
@@ -70,3 +173,5 @@ bool copyOwnership(const std::filesystem::path& original, const std::filesystem:
 }
 
 } // namespace VORN
+
+#endif

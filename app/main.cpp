@@ -19,6 +19,6 @@ namespace {
 
 int main(int argc, char** argv) {
     std::set_terminate(endWithoutException);
-    VORN::letWritesFail();
-    return VORN::runProgram(argc, argv);
+    VORN::prepareStreams();
+    return VORN::withCommandLine(argc, argv, VORN::runProgram);
 }

@@ -40,7 +40,7 @@ std::size_t CppInStream::readSome(std::span<std::uint8_t> destination) {
 }
 
 bool CppInStream::atEnd() {
-    in_->peek();
+    static_cast<void>(in_->peek());
     if (in_->bad())
         throw StreamException{kNoOrigin, "Failed to read from input stream. "};
     return in_->eof();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/PlainArithmetic.h"
 #include "core/Serialization.h"
 
 #include <array>

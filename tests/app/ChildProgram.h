@@ -40,10 +40,11 @@ inline std::string drain(int pipe) {
 }
 
 /// Runs the program as a process of its own. `prepare` is called in it before the program starts;
-/// unless it changes that, standard output goes nowhere.
+/// unless it changes that, standard output goes nowhere. `program` may be a copy elsewhere.
 inline ChildRun runChild(const std::vector<std::string>& arguments,
-                         const std::function<void()>& prepare = {}) {
-    std::vector<std::string> texts{KAVRIN_PROGRAM};
+                         const std::function<void()>& prepare = {},
+                         const std::string& program = KAVRIN_PROGRAM) {
+    std::vector<std::string> texts{program};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
     for (std::string& text : texts)

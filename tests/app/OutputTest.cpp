@@ -20,6 +20,14 @@ void becomeNobody() {
         _exit(126);
 }
 
+/// Runs a copy of the program: nobody need not be let into the folders above the program itself.
+ChildRun runByNobody(const std::vector<std::string>& arguments) {
+    const std::string program = temporaryFile("kavrin");
+    fs::copy_file(KAVRIN_PROGRAM, program, fs::copy_options::overwrite_existing);
+    fs::permissions(program, fs::perms{0755});
+    return runChild(arguments, becomeNobody, program);
+}
+
 TEST(Output, EndsWithOneLineWhereItCannotBeWritten) {
     const std::string palette = makeFile("palette.txt", kPalette);
     const std::string pattern = makeFile("pattern.txt", kPattern);
@@ -78,7 +86,7 @@ TEST(Output, LeavesFilesThatCannotBeWrittenAlone) {
     fs::permissions(picture, fs::perms{0444});
     const std::string kept = makeFile("kept.txt", "kept");
     fs::permissions(kept, fs::perms{0444});
-    const ChildRun run = runChild({"palette", picture, kept}, becomeNobody);
+    const ChildRun run = runByNobody({"palette", picture, kept});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err, "Failed to open " + kept + "\n"); // also where its folder may be written
     EXPECT_EQ(contentOf(kept), "kept");
@@ -178,11 +186,11 @@ TEST(Output, WritesInPlaceWhereNothingCanBeMadeBeside) {
     EXPECT_EQ(runChild({"create", "square", "1", "-o", folder / longName}).err, "");
     EXPECT_EQ(contentOf(folder / longName), "square\n\n.\n\n");
     fs::permissions(folder / "", fs::perms{0555});
-    EXPECT_EQ(runChild({"create", "square", "1", "-o", folder / "a.txt"}, becomeNobody).err, "");
+    EXPECT_EQ(runByNobody({"create", "square", "1", "-o", folder / "a.txt"}).err, "");
     fs::permissions(folder / "", fs::perms{0777});
     EXPECT_EQ(contentOf(folder / "a.txt"), "square\n\n.\n\n");
     // Only its owner could make another file of it.
-    EXPECT_EQ(runChild({"create", "square", "2", "-o", folder / "a.txt"}, becomeNobody).err, "");
+    EXPECT_EQ(runByNobody({"create", "square", "2", "-o", folder / "a.txt"}).err, "");
     EXPECT_EQ(contentOf(folder / "a.txt"), "square\n\n..\n..\n\n");
 }
 

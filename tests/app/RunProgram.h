@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Program.h"
+#include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,7 @@ inline std::string temporaryFile(const std::string& name) {
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
     std::string testName = std::string{test.test_suite_name()} + '-' + test.name();
     std::ranges::replace(testName, '/', '-'); // in the names of tests with parameters
-    return testing::TempDir() + testName + '-' + name;
+    return (temporaryFolder() / (testName + '-' + name)).string();
 }
 
 /// Writes a file for the running test and returns its path.

@@ -51,8 +51,7 @@ void cutLike(std::string_view expected, std::string& text) {
 class Transcript : public testing::TestWithParam<const char*> {
 protected:
     void SetUp() override {
-        const std::string directory = testing::TempDir() + "transcript-" + GetParam();
-        std::filesystem::remove_all(directory);
+        const std::filesystem::path directory = temporaryFolder() / GetParam();
         std::filesystem::create_directory(directory);
         std::filesystem::current_path(directory);
     }

@@ -49,6 +49,8 @@ TEST(Exception, PrintsClassAndMessage) {
          "BoundException<unsigned char>: Value (A) out of bound (B). "},
         {BoundException<int>{none, 0, -3}.clone(),
          "BoundException<int>: Value (0) out of bound (-3). "},
+        {BoundException<std::uint64_t>{none, 2, 1}.clone(),
+         "BoundException<unsigned long>: Value (2) out of bound (1). "},
         {SpaceException<unsigned>{none, 2, 1}.clone(),
          "SpaceException<unsigned int>: More space requested (2) than what is available (1). "},
         {Match<char>::UnexpectedNumberOfMatches{none, 1, 2}.clone(),

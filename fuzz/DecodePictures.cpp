@@ -1,3 +1,4 @@
+#include "beads/Picture.h"
 #include "fuzz/Fuzzing.h"
 #include "migration/CodecSelection.h"
 #include "migration/ImageSignal.h"
@@ -11,27 +12,32 @@ using namespace VORN::Migration;
 
 namespace {
 
-void decode(const std::string& name, ImageSignal<unsigned char>& picture) {
+Picture decode(const std::string& name) {
     std::ifstream in{name, std::ios::binary};
     const Bytes file(std::istreambuf_iterator<char>{in}, {});
     const BorrowConstBuffer bytes{file};
     ConstBufferStream stream{bytes};
     const auto importer = chooseImporter(name, stream);
     importer->setStream(&stream);
-    picture.importImage(*importer);
+    IncrementalBuffer samples;
+    ImageMetadata metadata;
+    importer->importImage(samples, metadata);
+    const Tuple<3, unsigned> size = ImageSignal<unsigned char>{samples, metadata}.size();
+    return {std::move(samples), size};
 }
 
 /// Writes width, height and the message, which is empty when there is a picture, on a line each,
 /// and then red, green and blue of its pixels, the top row first.
-void write(const ImageSignal<unsigned char>& picture, const std::string& complaint) {
-    const unsigned width = picture.size()[1];
-    const unsigned height = picture.size()[2];
-    std::cout << width << '\n' << height << '\n' << complaint << '\n';
-    const std::size_t rowBytes = std::size_t{3} * width;
-    for (std::size_t y = height; y-- > 0;) {
-        const auto row = picture.samples().subspan(y * rowBytes, rowBytes);
-        std::cout.write(reinterpret_cast<const char*>(row.data()),
-                        static_cast<std::streamsize>(row.size()));
+void write(const PictureView& picture, const std::string& complaint) {
+    std::cout << picture.width() << '\n' << picture.height() << '\n' << complaint << '\n';
+    std::string row;
+    for (unsigned y = 0; y < picture.height(); ++y) {
+        row.clear();
+        for (unsigned x = 0; x < picture.width(); ++x) {
+            const auto [red, green, blue] = picture.row(y)[x];
+            row.append({static_cast<char>(red), static_cast<char>(green), static_cast<char>(blue)});
+        }
+        std::cout << row;
     }
     std::cout.flush();
 }
@@ -42,8 +48,8 @@ void write(const ImageSignal<unsigned char>& picture, const std::string& complai
 /// `scripts/compare-codecs`.
 int main() {
     for (std::string name; std::getline(std::cin, name);) {
-        ImageSignal<unsigned char> picture;
-        const std::string complaint = complaintOf([&] { decode(name, picture); });
+        Picture picture;
+        const std::string complaint = complaintOf([&] { picture = decode(name); });
         write(picture, complaint); // an empty one when it was refused
     }
 }

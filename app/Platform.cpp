@@ -159,8 +159,8 @@ std::error_code createFile(const std::filesystem::path& path) {
 }
 
 bool copyOwnership(const std::filesystem::path& original, const std::filesystem::path& file) {
-    struct stat from {};
-    struct stat to {};
+    struct stat from{};
+    struct stat to{};
     if (stat(original.c_str(), &from) != 0 || stat(file.c_str(), &to) != 0)
         return false;
     if (from.st_dev != to.st_dev || hasAccessList(original))

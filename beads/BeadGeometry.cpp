@@ -30,8 +30,7 @@ Point<2, float> BeadGeometry::ringPosition(std::size_t ring, std::size_t bead) {
     // a full turn.
     const std::size_t before = LayerShape::ringBegin(std::max<std::size_t>(ring - 1, 1));
     const std::size_t count = LayerShape::ringBegin(ring) + bead - before;
-    const float part =
-        static_cast<float>(count) / static_cast<float>(LayerShape::ringLength(ring));
+    const float part = static_cast<float>(count) / static_cast<float>(LayerShape::ringLength(ring));
     constexpr double kPi = std::numbers::pi;
     double angle = 2 * kPi * part;
     angle -= 2 * kPi * std::floor((angle + kPi) / (2 * kPi));

@@ -51,8 +51,8 @@ private:
     float offset_;
 };
 
-/// The colour between the four pixels around (px, py), which lies in the picture; py counts from the
-/// bottom row.
+/// The colour between the four pixels around (px, py), which lies in the picture; py counts from
+/// the bottom row.
 Rgb sample(const PictureView& picture, float px, float py) {
     const auto x = static_cast<unsigned>(px);
     const auto y = static_cast<unsigned>(py);
@@ -60,12 +60,13 @@ Rgb sample(const PictureView& picture, float px, float py) {
     const float fy = py - static_cast<float>(y);
     const unsigned right = std::min(x + 1, picture.width() - 1);
     const PixelRow below = picture.row(picture.height() - 1 - y);
-    const PixelRow above = picture.row(picture.height() - 1 - std::min(y + 1, picture.height() - 1));
+    const PixelRow above =
+        picture.row(picture.height() - 1 - std::min(y + 1, picture.height() - 1));
     const float w00 = (1.0F - fx) * (1.0F - fy);
     const float w10 = fx * (1.0F - fy);
     const float w01 = (1.0F - fx) * fy;
     const float w11 = fx * fy;
-    const auto blend = [&](unsigned char Rgb::*channel) {
+    const auto blend = [&](unsigned char Rgb::* channel) {
         const float value = w00 * static_cast<float>(below[x].*channel) +
                             w10 * static_cast<float>(below[right].*channel) +
                             w01 * static_cast<float>(above[x].*channel) +

@@ -40,7 +40,8 @@ namespace VORN {
 /// **What it costs.** 16 bytes of memory for each cell, of which only pages with cells that are met
 /// are ever touched. Working out the candidates of a cell takes as long as a handful of comparisons
 /// with all entries, so the first colours of a picture are compared with all in any case. The
-/// benchmark `NearestColor` matches 62 colours in 13 ns in place of 56, as HSV in 31 in place of 82.
+/// benchmark `NearestColor` matches 62 colours in 13 ns in place of 56, as HSV in 31 in place
+/// of 82.
 class ColorCells {
 public:
     /// The colours compared with all entries before any cell is looked at.

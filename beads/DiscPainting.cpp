@@ -170,8 +170,7 @@ void DiscPainter::paintLine(std::int64_t line, std::int64_t discLine, std::size_
                             const std::vector<Disc>& discs) {
     fillLines(line, line + 1);
     const LayerShape& shape = layer_.shape;
-    const std::string_view symbols =
-        layer_.content.substr(row * columns_.size(), columns_.size());
+    const std::string_view symbols = layer_.content.substr(row * columns_.size(), columns_.size());
     for (std::size_t i = shape.firstBead(row); i < symbols.size(); i += shape.beadStep())
         if (palette_->Contains(symbols[i]))
             paintRun(line, columns_[i].pixel, discs[columns_[i].disc].run(discLine), symbols[i]);
@@ -182,8 +181,7 @@ void DiscPainter::fillLines(std::int64_t first, std::int64_t last) {
         std::ranges::copy(background_, line(at).begin());
 }
 
-void DiscPainter::paintRun(std::int64_t at, std::int64_t pixel, const Disc::Run& run,
-                           char symbol) {
+void DiscPainter::paintRun(std::int64_t at, std::int64_t pixel, const Disc::Run& run, char symbol) {
     const std::int64_t width = frame_->width();
     const std::int64_t first = std::clamp<std::int64_t>(pixel + run.first, 0, width);
     const std::int64_t last = std::clamp<std::int64_t>(pixel + run.last, first, width);

@@ -10,7 +10,7 @@ namespace VORN {
 
 /// `Count` values whose bytes are 0 at first; memory is touched only where values are.
 template <class Value, std::size_t Count>
-requires std::is_trivial_v<Value>
+    requires std::is_trivial_v<Value>
 class LazyTable {
 public:
     /// Nothing but running out of memory can fail: a `std::bad_alloc`.

@@ -111,7 +111,8 @@ void NearestBead::searchRings(const Point<2, float>& point, Best& best) const {
     if (length_ == 0)
         return;
     const double turn = std::atan2(point[1], point[0]) / (2 * std::numbers::pi);
-    const double ring = std::sqrt(squaredDistance(point, Point<2, float>{})) / BeadGeometry::ringRadius(1);
+    const double ring =
+        std::sqrt(squaredDistance(point, Point<2, float>{})) / BeadGeometry::ringRadius(1);
     const Window rings = windowAround(ring, rows_);
     for (std::size_t r = rings.first; r < rings.last; ++r)
         searchRing(r, turn, best);
@@ -142,8 +143,8 @@ void NearestBead::searchRing(std::size_t ring, double turn, Best& best) const {
 
 void NearestBead::walk(Best& best) const {
     for (const Bead& bead : geometry_.shape().beads(length_))
-        best.considerNext(bead.position, ringed_.empty() ? geometry_.position(bead)
-                                                         : ringed_[bead.position]);
+        best.considerNext(bead.position,
+                          ringed_.empty() ? geometry_.position(bead) : ringed_[bead.position]);
 }
 
 } // namespace VORN

@@ -58,7 +58,8 @@ public:
 
 /// A two-dimensional bit signal that owns its words, all bits clear at first.
 template <std::size_t N, class T>
-requires(N == 2) class BinarySignal : public BinarySignalSerializable<N, T, T*> {
+    requires(N == 2)
+class BinarySignal : public BinarySignalSerializable<N, T, T*> {
 public:
     explicit BinarySignal(const Tuple<N, unsigned>& size) : storage_(this->wordCount(size)) {
         this->refer(size, storage_.data());

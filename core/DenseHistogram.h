@@ -8,7 +8,8 @@ namespace VORN {
 
 /// How often each value of T, a type of one byte, occurred.
 template <class T>
-requires(sizeof(T) == 1) class DenseHistogram {
+    requires(sizeof(T) == 1)
+class DenseHistogram {
 public:
     void count(T value) { ++counts_[indexOf(value)]; }
     std::uint64_t operator[](T value) const { return counts_[indexOf(value)]; }

@@ -19,7 +19,9 @@ public:
     const Vector<N, T>& extent() const { return extent_; }
 
     /// origin + extent * 0.5.
-    Point<N, T> centre() const requires std::floating_point<T> {
+    Point<N, T> centre() const
+        requires std::floating_point<T>
+    {
         return origin_ + extent_ * static_cast<T>(0.5);
     }
     /// Whether origin <= point < origin + extent in every dimension.

@@ -73,11 +73,12 @@ public:
 
     /// Exchanges the dimensions `a` and `b`, size and samples; equal ones, whatever they are, stay
     /// as they are. One above 2 is a `BoundException`, of the smaller one where both are.
-    void SwapDimensions(unsigned a, unsigned b) requires(N == 3 && std::same_as<T, unsigned char>);
+    void SwapDimensions(unsigned a, unsigned b)
+        requires(N == 3 && std::same_as<T, unsigned char>);
     /// New dimension k becomes old dimension `order[k]`; what is not a permutation of 0, 1, 2 is an
     /// `UnexpectedValueException`.
-    void Permute(const Tuple<3, unsigned>& order) requires(N == 3 &&
-                                                           std::same_as<T, unsigned char>);
+    void Permute(const Tuple<3, unsigned>& order)
+        requires(N == 3 && std::same_as<T, unsigned char>);
 
     void serialize(Serializer& out) const override {
         this->size().serialize(out);

@@ -16,15 +16,20 @@ template <std::size_t N, class T, class S>
 class TupleBase {
 public:
     TupleBase() = default;
-    explicit TupleBase(const T* borrowed) requires std::is_pointer_v<S> : components_{borrowed} {}
+    explicit TupleBase(const T* borrowed)
+        requires std::is_pointer_v<S>
+        : components_{borrowed} {}
     template <std::convertible_to<T>... Values>
-    requires(std::is_array_v<S> && sizeof...(Values) == N) explicit(N == 1)
-        TupleBase(Values... values)
-        : components_{static_cast<T>(values)...} {}
+        requires(std::is_array_v<S> && sizeof...(Values) == N)
+    explicit(N == 1) TupleBase(Values... values) : components_{static_cast<T>(values)...} {}
 
     /// `index` is 0 to N - 1.
     const T& operator[](std::size_t index) const { return components_[index]; }
-    T& operator[](std::size_t index) requires std::is_array_v<S> { return components_[index]; }
+    T& operator[](std::size_t index)
+        requires std::is_array_v<S>
+    {
+        return components_[index];
+    }
     const T* data() const { return components_; }
 
 private:
@@ -127,7 +132,8 @@ template <std::size_t B, std::size_t E, class T>
 class TupleConstSlice : public TupleConstBorrow<E - B, T> {
 public:
     template <std::size_t N, class S>
-    requires(B < E && E <= N) explicit TupleConstSlice(const TupleBase<N, T, S>& tuple)
+        requires(B < E && E <= N)
+    explicit TupleConstSlice(const TupleBase<N, T, S>& tuple)
         : TupleConstBorrow<E - B, T>{tuple.data() + B} {}
 };
 

@@ -51,9 +51,8 @@ void compareDecoders(std::span<const std::uint8_t> deflated) {
 }
 
 void storeAndInflate(std::span<const std::uint8_t> bytes) {
-    const Bytes stored = written([&](WriteStream& out) {
-        DeflateStored{out, bytes.size()}.write(bytes);
-    });
+    const Bytes stored =
+        written([&](WriteStream& out) { DeflateStored{out, bytes.size()}.write(bytes); });
     require(stored.size() == DeflateStored::streamBytes(bytes.size()),
             "stored blocks have the size that is foretold");
     if (!bytes.empty())

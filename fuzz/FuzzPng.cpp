@@ -81,9 +81,17 @@ Bytes repaired(Bytes file) {
     return file;
 }
 
+/// Whether indices of more than 8 bits were replaced by colours of one byte a channel, which is less
+/// than the metadata tells; who reads the picture refuses it then.
+bool isShortened(const Import& found) {
+    const ImageMetadata& metadata = found.metadata;
+    return metadata.type.bits > 8 && metadata.channels == 3 &&
+           found.picture.size() == std::uint64_t{3} * metadata.width * metadata.height;
+}
+
 void run(std::span<const std::uint8_t> file) {
     const Import found = importPicture<PNGImporter>(file);
-    if (!found.complaint.empty())
+    if (!found.complaint.empty() || isShortened(found))
         return;
     requireWholePicture(found);
     Bytes again;

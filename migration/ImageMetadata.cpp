@@ -30,7 +30,7 @@ constexpr std::array<std::string_view, 3> kFormats{"INTENSITY", "RGBA", "BGRA"};
 
 struct NumberField {
     std::string_view key;
-    std::uint32_t ImageMetadata::*field;
+    std::uint32_t ImageMetadata::* field;
 };
 
 constexpr std::array<NumberField, 5> kNumbers{{
@@ -41,7 +41,7 @@ constexpr std::array<NumberField, 5> kNumbers{{
     {"Line alignment", &ImageMetadata::lineAlignment},
 }};
 
-std::uint32_t ImageMetadata::*numberField(const std::string& key) {
+std::uint32_t ImageMetadata::* numberField(const std::string& key) {
     const auto found = std::ranges::find(kNumbers, key, &NumberField::key);
     return found == kNumbers.end() ? nullptr : found->field;
 }

@@ -1,12 +1,14 @@
 #include "core/Signal.h"
 
+#include <algorithm>
 #include <array>
 
 namespace VORN {
 
 template <std::size_t N, class T, class P>
-void SinglaBaseSerializable<N, T, P>::SwapDimensions(unsigned a, unsigned b) requires(
-    N == 3 && std::same_as<T, unsigned char>) {
+void SinglaBaseSerializable<N, T, P>::SwapDimensions(unsigned a, unsigned b)
+    requires(N == 3 && std::same_as<T, unsigned char>)
+{
     if (a == b)
         return;
     if (a > b)
@@ -32,8 +34,9 @@ void SinglaBaseSerializable<N, T, P>::SwapDimensions(unsigned a, unsigned b) req
 }
 
 template <std::size_t N, class T, class P>
-void SinglaBaseSerializable<N, T, P>::Permute(const Tuple<3, unsigned>& order) requires(
-    N == 3 && std::same_as<T, unsigned char>) {
+void SinglaBaseSerializable<N, T, P>::Permute(const Tuple<3, unsigned>& order)
+    requires(N == 3 && std::same_as<T, unsigned char>)
+{
     constexpr unsigned kMissing = 3;
     std::array<unsigned, 3> target{kMissing, kMissing, kMissing}; // the inverse of `source`
     std::array<unsigned, 3> source{order[0], order[1], order[2]};

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kAfterBits = "-bit ";
 constexpr std::string_view kKindExpectation =
     "unsigned | two complement | floating point | fixed point | boolean";
-// Names "small endian" although only "little endian" is accepted, deliberately.
+// Deliberately says "small endian", although only "little endian" is accepted.
 constexpr std::string_view kByteOrderExpectation = "big endian | small endian";
 
 /// In the order of `SampleType::Kind`.
@@ -30,7 +30,7 @@ constexpr std::array<std::string_view, 3> kFormats{"INTENSITY", "RGBA", "BGRA"};
 
 struct NumberField {
     std::string_view key;
-    std::uint32_t ImageMetadata::*field;
+    std::uint32_t ImageMetadata::* field;
 };
 
 constexpr std::array<NumberField, 5> kNumbers{{
@@ -41,7 +41,7 @@ constexpr std::array<NumberField, 5> kNumbers{{
     {"Line alignment", &ImageMetadata::lineAlignment},
 }};
 
-std::uint32_t ImageMetadata::*numberField(const std::string& key) {
+std::uint32_t ImageMetadata::* numberField(const std::string& key) {
     const auto found = std::ranges::find(kNumbers, key, &NumberField::key);
     return found == kNumbers.end() ? nullptr : found->field;
 }

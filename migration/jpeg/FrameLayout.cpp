@@ -22,7 +22,7 @@ JPEGVector<ComponentLayout> layOut(const JPEGVector<FrameHeader::ImageComponent>
 }
 
 std::uint32_t largest(const JPEGVector<ComponentLayout>& components,
-                      std::uint32_t ComponentLayout::*sampling) {
+                      std::uint32_t ComponentLayout::* sampling) {
     return (*std::ranges::max_element(components, {}, sampling)).*sampling;
 }
 

@@ -7,7 +7,7 @@
 
 namespace VORN {
 
-/// All names of a named parameter, joined with ", "; "" for a positional one.
+/// All names of a named parameter, joined with ", "; empty for a positional one.
 std::string ArgumentHelp::namesOf(std::size_t index) const {
     std::string joined;
     for (const auto& [name, named] : processor_.names())
@@ -16,7 +16,7 @@ std::string ArgumentHelp::namesOf(std::size_t index) const {
     return joined;
 }
 
-/// The first name of a named parameter and its values' names; "" for a positional one.
+/// The first name of a named parameter, with its values' names; empty for a positional one.
 std::string ArgumentHelp::optionUsage(std::size_t index) const {
     std::string usage = namesOf(index);
     usage.resize(std::min(usage.find(','), usage.size()));
@@ -27,7 +27,7 @@ std::string ArgumentHelp::optionUsage(std::size_t index) const {
     return usage;
 }
 
-/// Per positional parameter its values' names, numbered where they have none.
+/// For each positional parameter its values' names; values without a name are numbered.
 std::vector<std::string> ArgumentHelp::positionalNames() const {
     std::vector<std::string> names;
     std::size_t position = 0;

@@ -3,17 +3,20 @@
 #include "app/ArgumentProcessor.h"
 #include "core/TextWriter.h"
 
+#include <vector>
+
 namespace VORN {
 
-/// Composes the texts that tell how a program or subcommand is called.
+/// Composes the texts that explain how a program or subcommand is called.
 class ArgumentHelp {
 public:
-    /// `processor` is borrowed and must outlive it.
+    /// `processor` has the parameters that are explained. It is borrowed and must outlive this
+    /// object.
     explicit ArgumentHelp(const ArgumentProcessor& processor) : processor_{processor} {}
 
-    /// Usage, description, positional arguments and options.
+    /// Writes the whole help: usage, description, positional arguments and options.
     void writeHelp(Text::TextWriter& out) const;
-    /// One paragraph with all options and arguments.
+    /// Writes the usage: one paragraph with all options and arguments.
     void writeUsage(Text::TextWriter& out) const;
 
 private:
@@ -27,17 +30,18 @@ private:
     const ArgumentProcessor& processor_;
 };
 
-/// Writes help and version to one stream and errors, with the usage line, to another. Both are
-/// borrowed and must outlive it.
+/// Writes help and version to one stream and errors, with the usage, to another. Both are flushed
+/// after each text; what they throw passes through.
 class ArgumentProcessor::DefaultActionHandler : public ActionHandler {
 public:
+    /// `out` is for help and version. Both streams are borrowed and must outlive the handler.
     DefaultActionHandler(WriteStream& out, WriteStream& errors) : out_{out}, errors_{&errors} {}
     void help(const ArgumentProcessor& processor, const std::string& option) override;
     void version(const ArgumentProcessor& processor) override;
-    /// Composes the whole report before any of it is written.
+    /// The whole report is composed before its first byte is written.
     void error(const ArgumentProcessor& processor, const std::string& message) override;
 
-    /// Whether no error was reported.
+    /// Whether no error has been reported.
     bool success() const { return success_; }
 
 private:

@@ -6,7 +6,7 @@ namespace VORN {
 
 namespace {
 
-/// Ends the parsing; the message is for the handler.
+/// Thrown to end parsing with a message for the handler.
 struct ArgumentError {
     std::string message;
 };
@@ -41,7 +41,7 @@ bool ArgumentProcessor::parse(int argc, const char* const* argv, ActionHandler& 
     }
 }
 
-/// Returns whether the caller may go on; false after help or version was handed to `handler`.
+/// Returns true if the caller may go on, and false if `handler` was called for help or version.
 bool ArgumentProcessor::assignAll(const Arguments& arguments, ActionHandler& handler) {
     std::size_t slot = 0;
     for (std::size_t at = 1; at < arguments.size();) {
@@ -65,7 +65,7 @@ bool ArgumentProcessor::assignAll(const Arguments& arguments, ActionHandler& han
     return true;
 }
 
-/// Fills the parameter of `slot` and moves both indices on.
+/// Fills the positional parameter number `slot`, and moves `slot` and `at` on.
 void ArgumentProcessor::assignPositional(const Arguments& arguments, std::size_t& at,
                                          std::size_t& slot) {
     if (slot == positionals_.size())
@@ -74,7 +74,7 @@ void ArgumentProcessor::assignPositional(const Arguments& arguments, std::size_t
     assign(*parameters_[positionals_[slot++]], arguments, at);
 }
 
-/// Moves `at` past the arguments taken.
+/// Fills a parameter from the arguments at `at`, and moves `at` behind those it took.
 void ArgumentProcessor::assign(Parameter& parameter, const Arguments& arguments, std::size_t& at) {
     if (parameter.assigned_)
         throw ArgumentError{parameter.description_.empty()

@@ -5,10 +5,11 @@
 
 #include <optional>
 #include <type_traits>
+#include <vector>
 
 namespace VORN {
 
-/// Takes exactly one argument and holds its text.
+/// A value that takes exactly one argument and keeps its text.
 class ArgumentProcessor::SingleArgumentValue : public Value {
 public:
     using Value::Value;
@@ -16,20 +17,22 @@ public:
     bool mayStayUnassigned() const override { return text_.has_value(); }
     void assign(const std::string& text) override { text_ = text; }
 
-    /// The argument, as given; nothing before it was assigned.
+    /// The argument as it was given; nothing if it was not.
     const std::optional<std::string>& text() const { return text_; }
 
 private:
     std::optional<std::string> text_;
 };
 
-/// The argument's text, or a default where none was given; T is std::string.
+/// A text; T is std::string.
 template <class T>
 class ArgumentProcessor::DirectValue : public SingleArgumentValue {
 public:
+    /// A value that is `byDefault` if no argument is given.
     explicit DirectValue(std::string name, T byDefault = {})
         : SingleArgumentValue{std::move(name)},
           byDefault_{std::move(byDefault)} {}
+    /// The argument or the default.
     const T& get() const { return text() ? *text() : byDefault_; }
 
 private:
@@ -40,9 +43,11 @@ private:
 template <class T>
 class ArgumentProcessor::SimpleValue : public SingleArgumentValue {
 public:
+    /// A value that is `byDefault` if no argument is given.
     explicit SimpleValue(std::string name, T byDefault = {})
         : SingleArgumentValue{std::move(name)},
           value_{byDefault} {}
+    /// Text that is not such a number is a `ConversionException`.
     void assign(const std::string& text) override {
         if constexpr (std::is_same_v<T, float>)
             value_ = Text::toFloat(text);
@@ -56,9 +61,10 @@ private:
     T value_;
 };
 
-/// Takes every argument that follows, at least one and at most `maximum`.
+/// A list: takes every argument that follows, at least one.
 class ArgumentProcessor::CollectValue : public Value {
 public:
+    /// A list of at most `maximum` arguments.
     CollectValue(std::string name, std::size_t maximum)
         : Value{std::move(name)},
           maximum_{maximum} {}

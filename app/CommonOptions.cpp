@@ -17,7 +17,7 @@ PatternStyle styleOf(const SingleArgumentValue& type) {
     return *style;
 }
 
-/// The size that follows a pegboard's type.
+/// A pegboard's size, which checks the type in front of it.
 class PegboardSizeValue : public SizeValue {
 public:
     explicit PegboardSizeValue(const SingleArgumentValue& type)

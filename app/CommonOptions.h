@@ -8,19 +8,23 @@
 
 namespace VORN {
 
-// Each adds its values to the parameter that it is made with, which must outlive it.
+// The kinds of options that subcommands have. Each adds its values to the parameter that it is made
+// with; the parameter is borrowed and must outlive the option.
 
 /// An option or argument with one value.
 template <class V>
 class Option {
 public:
-    /// `details` are those of the value: its name and its default or, for a list, its maximum.
+    /// `details` are the arguments of the value's constructor: its name, then its default or, for a
+    /// list, its maximum.
     template <class... Details>
     explicit Option(ArgumentProcessor::Parameter& parameter, Details&&... details)
         : parameter_{parameter},
           value_{parameter.add<V>(std::forward<Details>(details)...)} {}
 
+    /// Whether the user gave it.
     bool given() const { return parameter_.assigned(); }
+    /// The value, or its default.
     decltype(auto) get() const { return value_.get(); }
 
 private:
@@ -35,7 +39,9 @@ using FractionOption = Option<ArgumentProcessor::SimpleValue<float>>;
 /// An option without values.
 class FlagOption {
 public:
+    /// An option that is only given or not.
     explicit FlagOption(ArgumentProcessor::Parameter& parameter) : parameter_{parameter} {}
+    /// Whether the user gave it.
     bool given() const { return parameter_.assigned(); }
 
 private:
@@ -46,13 +52,16 @@ private:
 template <class T, std::size_t N>
 class NumbersOption {
 public:
+    /// `names` stand for the numbers in help and usage.
     NumbersOption(ArgumentProcessor::Parameter& parameter, const std::array<const char*, N>& names,
                   const std::array<T, N>& byDefault = {})
         : parameter_{parameter} {
         for (std::size_t i = 0; i < N; ++i)
             values_[i] = &parameter.add<ArgumentProcessor::SimpleValue<T>>(names[i], byDefault[i]);
     }
+    /// Whether the user gave it.
     bool given() const { return parameter_.assigned(); }
+    /// Number `i`, from 0 on, or its default.
     T operator[](std::size_t i) const { return values_[i]->get(); }
 
 private:
@@ -60,28 +69,32 @@ private:
     std::array<ArgumentProcessor::SimpleValue<T>*, N> values_{};
 };
 
-/// A colour: red, green and blue.
+/// An option with a colour: red, green and blue.
 class ColorOption : public NumbersOption<float, 3> {
 public:
     static constexpr const char* kDescription = "RGB color normalized to 0.0-1.0";
 
+    /// `byDefault` is the colour if none is given.
     ColorOption(ArgumentProcessor::Parameter& parameter, const std::array<float, 3>& byDefault)
         : NumbersOption{parameter, {"R", "G", "B"}, byDefault} {}
+    /// The colour, or its default.
     Color color() const { return {(*this)[0], (*this)[1], (*this)[2]}; }
 };
 
-/// A pegboard: its type and its side length in beads.
+/// An option with a pegboard: its type, one of the pattern styles, and its size in beads.
 class PegboardOption {
 public:
-    /// Shown in help, and as the target when there is no such type.
+    /// Shown in help, and in the message about an unknown type.
     static constexpr const char* kDescription = "pegboard types are square | hex | circle";
 
-    /// The type is looked at when the size arrives: an unknown one is then a `ParseException`.
+    /// An unknown type is a `ParseException`, which is thrown when the size is assigned.
     explicit PegboardOption(ArgumentProcessor::Parameter& parameter);
 
+    /// Whether the user gave it.
     bool given() const { return parameter_.assigned(); }
-    /// Of the pattern that the pegboard takes; the option must have been given.
+    /// The style of patterns for the pegboard; the option must have been given.
     PatternStyle style() const;
+    /// The length of a side in beads, or the number of rings of a circle.
     unsigned sizeBeads() const { return size_.get(); }
 
 private:
@@ -90,7 +103,7 @@ private:
     ArgumentProcessor::SimpleValue<unsigned>& size_;
 };
 
-/// How many pattern files a subcommand takes at most.
+/// The largest number of pattern files that a subcommand takes.
 constexpr std::size_t kMaximumPatternFiles = 1000;
 
 } // namespace VORN

@@ -22,7 +22,7 @@ int CreateSubcommand::run() {
     return savePattern(output_, pattern) ? 0 : 1;
 }
 
-/// Line ends would take a row of the pattern apart.
+/// The symbol to fill with. A line end is refused, as it would break up the rows of the pattern.
 char CreateSubcommand::fillSymbol() const {
     const std::string& text = fill_.get();
     if (text.empty() || text.front() == '\r' || text.front() == '\n')
@@ -30,7 +30,8 @@ char CreateSubcommand::fillSymbol() const {
     return text.front();
 }
 
-/// Carries every layer of the input over onto a layer of the pegboard's size.
+/// Copies every layer of the input pattern to a layer of the pegboard's size. False comes after one
+/// line on standard error.
 bool CreateSubcommand::reshape(Pattern& pattern) const {
     Pattern input;
     if (!loadPattern(reshape_.get(), input))

@@ -9,12 +9,13 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <system_error>
 
 namespace VORN {
 
 namespace {
 
-/// Tells whether it accepted what the stream, which is at its start, holds.
+/// Reads a stream, which stands at its start; returns whether it accepted the content.
 using Reader = std::function<bool(RandomReadStream&)>;
 
 bool loadBuiltin(const std::string& name, RandomReadStream& resource, const Reader& read) {
@@ -27,7 +28,7 @@ bool loadBuiltin(const std::string& name, RandomReadStream& resource, const Read
 bool loadFile(const std::string& name, const Reader& read) {
     const std::filesystem::path path = pathOf(name);
     std::error_code ignored;
-    // Some systems open folders as if they were files without any bytes to be read.
+    // Some systems open a folder as if it were an empty file.
     const bool isFolder = std::filesystem::is_directory(path, ignored);
     std::ifstream file{path, std::ios::binary};
     if (isFolder || !file) {

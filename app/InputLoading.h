@@ -8,9 +8,10 @@
 
 namespace VORN {
 
-// Each loads the input that the user calls `name`: the builtin resource of exactly that name, else
-// the file. False comes after one line on standard error, when there is no such input or nothing
-// accepts what it holds; faults in the data throw as their reader does.
+// Each function loads the input that the user calls `name`: the builtin resource with exactly that
+// name or, if there is none, the file. If there is no such input, or its content is not accepted,
+// the function writes one line to standard error and returns false. Faults in the data throw as
+// their reader does.
 
 /// Reads a palette file.
 bool loadPalette(const std::string& name, Palette& palette);

@@ -11,7 +11,7 @@ namespace VORN {
 
 namespace {
 
-// Lines that end with a blank are string literals of their own, where it can be seen.
+// Lines that end with a blank are separate string literals, in which the blank can be seen.
 // clang-format off
 constexpr const char* kPreamble =
 R"tex(\documentclass{article}
@@ -42,7 +42,7 @@ R"tex($(Palette)
 R"tex(\begin{scope}[shift={(0.5, 0.5)}]
 )tex";
 
-// The beads stand here, each rendered when it is written.
+// The beads come between these two parts; they are written one by one.
 constexpr const char* kBlockEnd =
 R"tex(
 \end{scope}

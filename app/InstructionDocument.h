@@ -6,25 +6,31 @@
 #include "core/TextWriter.h"
 #include "web/Component.h"
 
+#include <string>
+#include <vector>
+
 namespace VORN {
 
-/// A LaTeX document that shows how to build patterns: for every layer its beads, drawn with TikZ,
-/// and how many of each colour it takes, and in the end how many all of them take.
+/// A LaTeX document that shows how to build patterns. For every layer it has the beads, drawn with
+/// TikZ, and the number of beads of each colour; at the end it has the numbers for all layers
+/// together.
 class InstructionDocument {
 public:
+    /// From which side the beads are shown.
     enum class View { FromFront, Mirrored };
 
-    /// Texts go into the document as they are.
+    /// How the document looks. The texts go into it as they are.
     struct Settings {
         std::string pitch;      // of the beads, a TeX length such as "5mm"
         std::string background; // a TikZ colour
         View view = View::FromFront;
     };
 
-    /// `palette` is borrowed and must outlive the document.
+    /// A document with the colours of `palette`, which is borrowed and must outlive it.
     InstructionDocument(const Palette& palette, const Settings& settings);
 
-    /// Writes it piece by piece: beyond the patterns it takes no memory that grows with them.
+    /// Writes the document bead by bead, so that it takes no memory that grows with the patterns.
+    /// Throws what the stream throws.
     void write(Text::TextWriter& out, const std::vector<Pattern>& patterns);
 
 private:

@@ -3,6 +3,7 @@
 #include "app/Platform.h"
 #include "core/Exception.h"
 
+#include <system_error>
 #include <utility>
 
 namespace VORN {
@@ -13,7 +14,7 @@ namespace {
 
 constexpr const char* kSuffix = ".kavrin-unfinished";
 
-/// What a chain of symbolic links leads to, whether it is there or not.
+/// The file that a chain of symbolic links leads to, whether it exists or not.
 fs::path followLinks(fs::path file) {
     constexpr int kMostLinks = 40;
     std::error_code failed;
@@ -28,13 +29,13 @@ fs::path followLinks(fs::path file) {
     return file;
 }
 
-/// Whether `file` may be written; only opening it tells for sure.
+/// Whether `file` may be written. It is opened to find out, as only that is reliable.
 bool isWritable(const fs::path& file) {
     return std::ofstream{file, std::ios::binary | std::ios::app}.is_open();
 }
 
-/// Whether a file could not be made beside another for a reason that lies in its name or folder;
-/// any other, such as a full disk, would befall the file itself as well.
+/// Whether a file could not be made beside the target only because of its name or folder. With
+/// other reasons, such as a full disk, writing in place would fail, too.
 bool mustWriteInPlace(const std::error_code& error) {
     return error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
            error == std::errc::read_only_file_system || error == std::errc::filename_too_long ||
@@ -73,7 +74,8 @@ bool OutputFile::open(const std::string& name) {
     return isWritable(target_) && openBeside();
 }
 
-/// The undoing is planned first: whatever happens while the file is opened, it is not left behind.
+/// The clean-up is planned first, so that no file is left behind whatever happens while it is
+/// opened.
 bool OutputFile::openInPlace(Undo::Way undo) {
     written_ = target_;
     undo_.watch(written_);
@@ -96,7 +98,8 @@ bool OutputFile::openBeside() {
     return openInPlace(Undo::Way::Empty);
 }
 
-/// Names that are taken may be left from a run that was interrupted, or in use by another one.
+/// Makes a new file beside the target. Names that exist already may be left from an interrupted
+/// run, or in use by another run; the next one is tried then.
 std::error_code OutputFile::createBeside() {
     constexpr int kMostNames = 100;
     std::error_code error;
@@ -126,7 +129,8 @@ void OutputFile::finish() {
     undo_.plan(Undo::Way::Nothing);
 }
 
-/// A file that is mounted by itself cannot be replaced; it is written over with what is complete.
+/// Renames the new file to the target. A target that is a mount point cannot be replaced; the
+/// complete file is copied over it.
 void OutputFile::replaceTarget() {
     std::error_code failed;
     fs::rename(written_, target_, failed);

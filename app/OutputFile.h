@@ -6,32 +6,33 @@
 
 namespace VORN {
 
-/// A file that is written anew and holds, once all is over, either all of it or what it held
-/// before.
+/// An output file that ends up either complete or as it was before.
 ///
-/// An existing file is replaced when the new one is complete: that is written beside it, under its
-/// name and ".kavrin-unfinished", takes over owner, group and permissions, and is renamed. Symbolic
-/// links are followed. A file is written in place when it cannot be replaced by another: when it
-/// has further names (hard links), when owner or group cannot be kept, when nothing can be made
-/// beside it, and when it is a device, a pipe or a view of the system. New files are written in
-/// place as well.
+/// An existing file is replaced only when the new one is complete. The new one is written beside
+/// it, under its name with ".kavrin-unfinished" behind; it gets the owner, group and permissions of
+/// the old one and is then renamed. Symbolic links are followed.
 ///
-/// What was not finished is undone when the object goes: the new file is removed, and an existing
-/// one that had to be written in place is left empty, not half written.
+/// Some files cannot be replaced by another and are written in place: those with further names
+/// (hard links), those whose owner or group could not be kept, those beside which no file can be
+/// made, and devices, pipes and views of the system. New files are written in place, too.
+///
+/// If the object is destroyed before `finish`, the new file is removed. An existing file that had
+/// to be written in place is then left empty rather than half written.
 class OutputFile {
 public:
-    /// Opens the file for writing; returns false, and changes nothing, when that cannot be done.
+    /// Opens the file `name` for writing. Returns false if that is impossible; nothing is changed
+    /// then.
     bool open(const std::string& name);
 
-    /// The place for the file's bytes, after `open`.
+    /// The stream for the file's bytes, after `open`.
     std::ostream& stream() { return stream_; }
 
-    /// Closes the file and puts it in its place; what was written is then complete. Throws
-    /// `StreamException` when the system does not take it.
+    /// Closes the file and puts it in its place; only then is it complete. If the system does not
+    /// accept all bytes, that is a `StreamException`.
     void finish();
 
 private:
-    /// Undoes, in the end, what was planned for a file that is not complete.
+    /// Cleans up a file that was not completed, as was planned for it, when the object goes.
     class Undo {
     public:
         enum class Way { Nothing, Remove, Empty };
@@ -40,10 +41,11 @@ private:
         Undo(const Undo&) = delete;
         Undo& operator=(const Undo&) = delete;
         ~Undo() { now(); }
-        /// Takes the name, while nothing is planned; planning then needs no memory.
+        /// Sets the file; nothing may be planned yet. It is a step of its own as `plan` must not
+        /// need memory.
         void watch(const std::filesystem::path& file) { file_ = file; }
         void plan(Way way) { way_ = way; }
-        /// Undoes what is planned, if anything, at once.
+        /// Does what is planned at once, if anything is.
         void now() noexcept;
 
     private:

@@ -2,7 +2,6 @@
 
 #include "app/OutputFile.h"
 #include "app/Platform.h"
-#include "core/BufferedWriteStream.h"
 #include "core/Console.h"
 #include "core/Exception.h"
 #include "migration/CodecSelection.h"

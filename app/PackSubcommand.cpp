@@ -9,7 +9,7 @@ using namespace VORN;
 
 namespace {
 
-/// Adds every layer of the pattern file `name`; false comes after one line on standard error.
+/// Packs every layer of the pattern file `name`. Returns false after one line on standard error.
 bool packFile(const std::string& name, PanelPacker& packer) {
     Pattern pattern;
     if (!loadPattern(name, pattern))

@@ -2,7 +2,7 @@
 
 #include "app/KavrinSubcommand.h"
 
-/// Makes a palette of the colours of a picture.
+/// Makes a palette of the colours that occur in a picture.
 class PaletteSubcommand : public KavrinSubcommand {
 public:
     static constexpr const char* kName = "palette";

@@ -3,7 +3,7 @@
 #include "app/KavrinSubcommand.h"
 #include "beads/PictureConversion.h"
 
-/// Turns a picture into a bead pattern against a palette.
+/// Turns a picture into a pattern of the colours of a palette.
 class PictureSubcommand : public KavrinSubcommand {
 public:
     static constexpr const char* kName = "picture";

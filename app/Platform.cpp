@@ -24,7 +24,7 @@ namespace VORN {
 
 namespace {
 
-/// `text` in UTF-8; halves of characters become U+FFFD.
+/// `text` in UTF-8; a half of a surrogate pair becomes U+FFFD.
 std::string narrowed(const std::wstring& text) {
     const int units = static_cast<int>(text.size());
     const auto convert = [&](char* out, int bytes) {
@@ -35,7 +35,7 @@ std::string narrowed(const std::wstring& text) {
     return bytes;
 }
 
-/// The UTF-8 of `text` as the system wants it.
+/// `text`, which is UTF-8, in the system's UTF-16.
 std::wstring widened(const std::string& text) {
     const int bytes = static_cast<int>(text.size());
     const auto convert = [&](wchar_t* out, int units) {
@@ -46,7 +46,7 @@ std::wstring widened(const std::string& text) {
     return units;
 }
 
-/// Lets the console show UTF-8 until it goes.
+/// Makes the console show UTF-8 as long as the object exists.
 class ConsoleInUtf8 {
 public:
     ConsoleInUtf8() { SetConsoleOutputCP(CP_UTF8); }
@@ -111,7 +111,7 @@ namespace VORN {
 
 namespace {
 
-/// Whether rights are granted beyond owner, group and permissions; a new file would lack them.
+/// Whether `file` has rights beyond owner, group and permissions, which a new file would not have.
 bool hasAccessList(const std::filesystem::path& file) {
 #if defined(__linux__)
     return getxattr(file.c_str(), "system.posix_acl_access", nullptr, 0) > 0;
@@ -133,7 +133,8 @@ int withCommandLine(int count, const char* const* words, int (*run)(int, const c
 }
 
 bool settleStandardOutput() {
-    // Network file systems tell at a close, of any descriptor, what they could not store.
+    // Network file systems report what they could not store when any descriptor of the file is
+    // closed.
     const int copy = dup(STDOUT_FILENO);
     return copy < 0 || close(copy) == 0;
 }

@@ -6,33 +6,37 @@
 
 namespace VORN {
 
-// What the standard library does not offer of the system. All that depends on it stands here.
+// What the program needs of the system beyond the standard library. All code that depends on the
+// system is in Platform.cpp.
 
-/// Lets a write that nobody reads, or that passes a limit, fail where it would end the process, and
-/// the standard streams carry every byte as it is.
+/// Prepares the process for its streams. Writing to a closed pipe, or beyond the limit of a file's
+/// size, fails instead of ending the process, and the standard streams pass every byte as it is.
 void prepareStreams();
 
-/// Calls `run` with the words of the command line, in UTF-8 where the system knows characters, and
-/// returns what it returns. `count` and `words` are those of `main`.
+/// Calls `run` with the words of the command line and returns its result. On systems whose command
+/// line has characters instead of bytes, the words are in UTF-8. `count` and `words` are those of
+/// `main`.
 int withCommandLine(int count, const char* const* words, int (*run)(int, const char* const*));
 
-/// Whether the system has taken what was flushed to standard output, as closing it would tell.
+/// Whether the system has accepted all that was flushed to standard output. It is found out as if
+/// the stream were closed.
 bool settleStandardOutput();
 
-/// The file of that name as the command line gives it.
+/// The path of the file that the command line calls `name`.
 std::filesystem::path pathOf(const std::string& name);
 
-/// Whether `path`, which is absolute, names a view of the system or a device in place of a file.
+/// Whether `path`, which is absolute, names a device or a view of the system and not a file on a
+/// disk.
 bool isSystemPath(const std::filesystem::path& path);
 
-/// Makes an empty file that nobody else may open. One that is there already is the error
+/// Makes an empty file that only its owner may open. If it exists already, that is the error
 /// `std::errc::file_exists`.
 std::error_code createFile(const std::filesystem::path& path);
 
-/// Gives `file` the owner, group and permissions of `original`, so that it can take its place.
+/// Gives `file` the owner, group and permissions of `original`, so that it can replace it.
 ///
-/// False when that cannot be had in full, or when the two do not lie on the same device. On Windows
-/// it is left with the rights that its folder gives to new files.
+/// Returns false if that is not possible in full, or if the two are not on the same device. On
+/// Windows the file keeps the rights that its folder gives to new files, and the result is true.
 bool copyOwnership(const std::filesystem::path& original, const std::filesystem::path& file);
 
 } // namespace VORN

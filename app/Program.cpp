@@ -13,6 +13,8 @@
 #include "core/TypeName.h"
 
 #include <array>
+#include <exception>
+#include <memory>
 
 namespace VORN {
 
@@ -42,7 +44,7 @@ ApplicationInfo applicationInfo() {
             .programPath = {}};
 }
 
-/// Shows a failure that nobody dealt with, in one line whatever happens meanwhile.
+/// Shows a failure that was not handled, in one line even if memory runs out meanwhile.
 void report(const Exception& failure) noexcept {
     try {
         CppOutStream errors = standardError();

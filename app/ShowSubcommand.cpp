@@ -7,12 +7,14 @@
 #include "core/Exception.h"
 #include "migration/CodecSelection.h"
 
+#include <algorithm>
+
 using namespace VORN;
 
 namespace {
 
-/// The name of the picture of a layer: `name` itself for the first, then with "_1", "_2", ...
-/// before its extension.
+/// The name of a layer's picture: `name` itself for the first layer; for the others "_1", "_2" and
+/// so on is put in front of the extension.
 std::string layerFile(const std::string& name, std::size_t layer) {
     if (layer == 0)
         return name;

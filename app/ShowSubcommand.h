@@ -2,7 +2,7 @@
 
 #include "app/KavrinSubcommand.h"
 
-/// Draws a pattern, one picture for each layer.
+/// Draws a pattern: a picture for each layer.
 class ShowSubcommand : public KavrinSubcommand {
 public:
     static constexpr const char* kName = "show";

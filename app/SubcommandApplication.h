@@ -10,21 +10,23 @@
 
 namespace VORN {
 
-/// A program whose first argument names the subcommand that the other arguments belong to.
+/// A program whose first argument names a subcommand, to which all other arguments belong.
 class SubcommandApplication {
 public:
-    /// A job of the program, with options of its own.
+    /// One of the program's jobs, with its own options.
     class Subcommand {
     public:
-        /// Without a version, none is offered.
+        /// The texts are for help. If `version` is empty, the subcommand has no option "--version".
         Subcommand(const std::string& program, const std::string& name, std::string description,
                    std::string version);
         Subcommand(const Subcommand&) = delete;
         Subcommand& operator=(const Subcommand&) = delete;
         virtual ~Subcommand() = default;
-        /// Does the job after the arguments were parsed; returns the exit status.
+        /// Does the job, after the arguments were parsed; returns the exit status. Exceptions pass
+        /// through to the program.
         virtual int run() = 0;
 
+        /// The processor, to declare parameters and to parse.
         ArgumentProcessor& arguments() { return arguments_; }
 
     private:
@@ -45,13 +47,13 @@ public:
         std::string name;
         std::string description;
         Factory factory = nullptr;            // may be null
-        std::shared_ptr<Subcommand> instance; // empty until needed, save for "help"
+        std::shared_ptr<Subcommand> instance; // empty until needed, except for "help"
     };
 
-    /// Lists all subcommands.
+    /// The subcommand "help", which lists all subcommands.
     class Help : public Subcommand {
     public:
-        /// `entries` and `out` are borrowed and must outlive it.
+        /// `entries` and `out` are borrowed and must outlive the object.
         Help(const ApplicationInfo& info, const std::vector<SubcommandEntry>& entries,
              WriteStream& out);
         int run() override;
@@ -64,11 +66,13 @@ public:
         std::uint32_t lineWidth_;
     };
 
-    /// `out` and `errors` are borrowed and must outlive the application.
+    /// An application with "help" and the subcommands of `table`. Texts for the user go to `out`
+    /// and `errors`, which are borrowed and must outlive it.
     SubcommandApplication(ApplicationInfo info, std::span<const Registration> table,
                           WriteStream& out, WriteStream& errors);
 
-    /// Runs the subcommand named by the first argument; returns the exit status.
+    /// Runs the subcommand that the first argument names, or "help" if there is none; returns the
+    /// exit status.
     int run(int argc, const char* const* argv);
 
 private:

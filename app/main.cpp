@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Where the language ends up when there is not even memory for an exception.
+/// Called by the language if there is not even memory for an exception.
 [[noreturn]] void endWithoutException() {
     if (std::current_exception() != nullptr)
         std::abort();

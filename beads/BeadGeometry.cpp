@@ -15,7 +15,7 @@ constexpr float kFullTurn = 6.2831855F;
 } // namespace
 
 BeadGeometry::BeadGeometry(const LayerShape& shape) : shape_{shape} {
-    if (shape.style() > PatternStyle::Circle)
+    if (static_cast<std::size_t>(shape.style()) >= kPatternStyleNames.size())
         throw SupportException{kNoOrigin, "Pattern style not supported. "};
 }
 
@@ -26,8 +26,8 @@ float BeadGeometry::ringRadius(std::size_t ring) {
 Point<2, float> BeadGeometry::ringPosition(std::size_t ring, std::size_t bead) {
     if (ring == 0)
         return {};
-    // Deliberately counted from the start of the ring before, which turns ring r by (r - 1) / r of
-    // a full turn.
+    // Deliberately, beads are counted from the start of the previous ring. This turns ring r by (r
+    // - 1) / r of a full turn.
     const std::size_t before = LayerShape::ringBegin(std::max<std::size_t>(ring - 1, 1));
     const std::size_t count = LayerShape::ringBegin(ring) + bead - before;
     const float part = static_cast<float>(count) / static_cast<float>(LayerShape::ringLength(ring));

@@ -7,36 +7,45 @@
 
 namespace VORN {
 
-/// Where the beads of a layer lie, in bead coordinates: one unit is one bead pitch, x points to the
-/// right and y to the next row.
+/// Where the beads of a layer lie, in bead coordinates.
+///
+/// One unit is one bead pitch; x grows to the right and y towards the next row of the text. The
+/// first bead of a square or hex layer lies at the origin, a circle layer has its centre there.
 class BeadGeometry {
 public:
-    /// A style that the table of styles does not have is a `SupportException`.
+    /// The geometry of a layer of that shape. A style that is not in `PatternStyle` is a
+    /// `SupportException`.
     explicit BeadGeometry(const LayerShape& shape);
 
     const LayerShape& shape() const { return shape_; }
 
+    /// The position of a bead of the layer.
     Point<2, float> position(const Bead& bead) const {
         return shape_.style() == PatternStyle::Circle ? ringPosition(bead.row, bead.column)
                                                       : gridPosition(bead.row, bead.column);
     }
-    /// The position of the bead in a column of content characters of a row of a square or hex
-    /// layer.
+    /// The position of a bead of a square or hex layer. `column` counts characters of the row, as
+    /// `Bead::column` does.
     Point<2, float> gridPosition(std::size_t row, std::size_t column) const {
-        if (shape_.style() == PatternStyle::Hex)
-            return {0.5 * static_cast<double>(column), kHexRowPitch * static_cast<double>(row)};
-        return {column, row};
+        return {columnPitch() * static_cast<double>(column), rowPitch() * static_cast<double>(row)};
     }
 
-    /// The box around the positions of a complete layer; empty at the origin for an empty layer.
+    /// The distance from one character of a row to the next, in a square or hex layer.
+    double columnPitch() const { return shape_.style() == PatternStyle::Hex ? 0.5 : 1.0; }
+    /// The distance from one row to the next, in a square or hex layer.
+    double rowPitch() const { return shape_.style() == PatternStyle::Hex ? kHexRowPitch : 1.0; }
+
+    /// The smallest box around the bead positions of a complete layer. For a layer without beads it
+    /// is an empty box at the origin.
     Hyperrectangle<2, float> box() const;
 
-    /// The distance of two rows of a hex layer.
-    static constexpr double kHexRowPitch = std::numbers::sqrt3 * 0.5;
-    /// The radius of ring `ring` of a circle layer, in bead pitches; that of the centre is 0.
+    /// The radius of ring `ring` of a circle layer, in bead pitches; ring 0, the centre, has radius
+    /// 0.
     static float ringRadius(std::size_t ring);
 
 private:
+    static constexpr double kHexRowPitch = std::numbers::sqrt3 * 0.5;
+
     static Point<2, float> ringPosition(std::size_t ring, std::size_t bead);
 
     LayerShape shape_;

@@ -3,11 +3,13 @@
 #include "beads/BeadGeometry.h"
 #include "beads/ColorCache.h"
 
+#include <algorithm>
+
 namespace VORN {
 
 namespace {
 
-/// Turns picture colours into symbols, each distinct colour once.
+/// Turns colours of a picture into symbols, and works each distinct colour out only once.
 class SymbolFinder {
 public:
     SymbolFinder(const PaletteMatcher& matcher, const std::optional<ColorBox>& transparent)
@@ -18,7 +20,7 @@ public:
     char symbolOf(const Rgb& pixel) {
         if (transparent_ && transparent_->contains(pixel))
             return kNoBead;
-        char& symbol = cache_[pixel]; // symbol 0 is as good as not remembered
+        char& symbol = cache_[pixel]; // 0: not known yet
         if (symbol == 0)
             symbol = matcher_->symbol(cells_.nearest(
                 {toComponent(pixel.red), toComponent(pixel.green), toComponent(pixel.blue)}));
@@ -40,9 +42,11 @@ public:
           scale_{extent == 0.0F ? 0.0F : last_ / extent},
           offset_{-origin * scale_} {}
 
+    /// The place among the pixels that belongs to a bead coordinate.
     float operator()(float coordinate) const { return coordinate * scale_ + offset_; }
+    /// The same, but counted from the pixel `last`.
     float flipped(float coordinate) const { return last_ - (*this)(coordinate); }
-    /// Every bead lies inside the box; what rounding adds does not count.
+    /// Moves a place that rounding has put outside of the picture back to its edge.
     float clamp(float pixel) const { return std::clamp(pixel, 0.0F, last_); }
 
 private:
@@ -51,8 +55,8 @@ private:
     float offset_;
 };
 
-/// The colour between the four pixels around (px, py), which lies in the picture; py counts from
-/// the bottom row.
+/// The colour at (px, py), interpolated between the four pixels around it. The point lies in the
+/// picture; py counts from the bottom row.
 Rgb sample(const PictureView& picture, float px, float py) {
     const auto x = static_cast<unsigned>(px);
     const auto y = static_cast<unsigned>(py);
@@ -76,6 +80,7 @@ Rgb sample(const PictureView& picture, float px, float py) {
     return {blend(&Rgb::red), blend(&Rgb::green), blend(&Rgb::blue)};
 }
 
+/// Matches the interpolated colour at each bead's place.
 void matchSamples(const PictureView& picture, SymbolFinder& finder, const LayerShape& shape,
                   std::string& content) {
     const BeadGeometry geometry{shape};
@@ -90,7 +95,8 @@ void matchSamples(const PictureView& picture, SymbolFinder& finder, const LayerS
     }
 }
 
-/// As `matchSamples` for a square layer with one bead for every pixel.
+/// Matches a square layer with one bead for every pixel, to which `matchSamples` would give the
+/// same.
 void matchPixels(const PictureView& picture, SymbolFinder& finder, std::string& content) {
     char* symbols = content.data();
     for (std::size_t y = 0; y < picture.height(); ++y, symbols += picture.width()) {
@@ -100,7 +106,8 @@ void matchPixels(const PictureView& picture, SymbolFinder& finder, std::string& 
     }
 }
 
-/// Whether beads and pixels coincide; positions count as exact only up to 2^24.
+/// Whether every bead lies on its own pixel. Floats hold positions exactly only up to 2^24; larger
+/// pictures are left to `matchSamples`.
 bool hasBeadPerPixel(const PictureView& picture, const LayerShape& shape) {
     constexpr unsigned kExact = 1U << 24U;
     return shape.style() == PatternStyle::Square &&

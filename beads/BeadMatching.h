@@ -8,13 +8,13 @@
 
 namespace VORN {
 
-/// Gives every bead of `content`, a layer of that `shape`, the symbol of the palette colour nearest
-/// to the picture at its place.
+/// Gives every bead the symbol of the palette colour that is nearest to the picture at its place.
 ///
-/// The box of the layer is laid over the picture, corner pixels' centres in its corners, the first
-/// text row at the picture's top; between pixels the picture is interpolated. Beads on colours of
-/// `transparent`, where given, stay as they are, and so do all beads of an empty picture. Each
-/// distinct colour is matched once.
+/// `content` is that of a layer of `shape`. The box of the layer is laid over the picture so that
+/// the centres of the picture's corner pixels lie in the corners of the box and the first row of
+/// the text is at the top. Between pixel centres the picture is interpolated. Beads where the
+/// colour is within `transparent`, if that is given, become `kNoBead`. An empty picture changes
+/// nothing. Each distinct colour is matched once.
 void matchBeads(const PictureView& picture, const PaletteMatcher& matcher,
                 const std::optional<ColorBox>& transparent, const LayerShape& shape,
                 std::string& content);

@@ -1,5 +1,6 @@
 #include "beads/ColorBox.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace VORN {

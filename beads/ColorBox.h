@@ -7,10 +7,11 @@ namespace VORN {
 /// The picture colours that count as transparent: a range of bytes for each channel.
 class ColorBox {
 public:
-    /// All bytes within `threshold` of `centre`, both in 0.0-1.0, rounded outwards.
+    /// In each channel the bytes that differ by at most `threshold` from the component of `centre`,
+    /// both 0.0-1.0. The range is widened to whole bytes and cut to 0..255.
     ColorBox(const Color& centre, float threshold);
 
-    /// Whether each channel lies in its range, bounds included.
+    /// Whether each channel of `pixel` lies in its range, bounds included.
     bool contains(const Rgb& pixel) const {
         return low_.red <= pixel.red && pixel.red <= high_.red && low_.green <= pixel.green &&
                pixel.green <= high_.green && low_.blue <= pixel.blue && pixel.blue <= high_.blue;

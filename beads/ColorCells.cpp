@@ -4,21 +4,21 @@ namespace VORN {
 
 namespace {
 
-// What rounding may do to distances is far less than kRelativeError, as long as squares are within
-// these bounds: below they lose digits, above they may become infinite, and so equal.
+// Rounding changes distances by far less than kRelativeError as long as squares lie between these
+// bounds. Below they lose digits; above they may become infinite, and so all alike.
 constexpr float kRelativeError = 1e-5F;
 constexpr float kLeastSquare = 1e-30F;
 constexpr float kMostSquare = 1e37F;
 
 float square(float number) { return number * number; }
 
-/// The part of the space that a cell takes up.
+/// The part of the colour space that a cell covers.
 struct Region {
     ColorPlace centre{};
     ColorPlace reach{}; // from the centre to each side, rounded up
 };
 
-/// Compares the entries with the one nearest to the centre of a region.
+/// Compares entries with the rival, the entry nearest to the centre of a region.
 class Rivalry {
 public:
     Rivalry(const PaletteMatcher& matcher, const Region& region)
@@ -33,13 +33,13 @@ public:
         }
     }
 
-    /// Whether distances in the region are so small that their rounding is known.
+    /// Whether distances in the region are small enough for `kRelativeError` to hold.
     bool isDecidable() const { return mostSquare_ < kMostSquare; }
 
-    /// Whether an entry at `place` may be the nearest to some place of the region.
+    /// Whether an entry at `place` may be the nearest to some point of the region.
     bool mayBeNearest(const ColorPlace& place) const {
         float placeSquare = 0.0F;
-        float change = 0.0F; // at most, of the difference of both distances, within the region
+        float change = 0.0F; // how much the difference of both distances changes at most
         for (std::size_t c = 0; c < 3; ++c) {
             placeSquare += square((place[c] - region_.centre[c]) * weights_[c]);
             change += 2.0F * std::fabs(region_.reach[c] * weights_[c]) *

@@ -1,5 +1,6 @@
 #include "beads/Cropping.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace VORN {
@@ -18,8 +19,8 @@ void requireBelow(unsigned value, unsigned bound) {
         throw BoundException<unsigned>{kNoOrigin, value, bound};
 }
 
-/// The columns of a row outside `transparent`, from the first to the last, `last` excluded; both
-/// are the row's end when there are none.
+/// The columns of a row from its first opaque pixel to its last; `last` is one further. Both are
+/// equal if there is no opaque pixel.
 struct Columns {
     std::size_t first;
     std::size_t last;

@@ -11,8 +11,8 @@ namespace VORN {
 
 namespace {
 
-/// A coordinate in the picture, parted into a pixel and the way from the pixel's corner. Both are
-/// exact.
+/// A coordinate in the picture, split into a pixel and the distance from the pixel's corner.
+/// Nothing is rounded.
 struct PixelPlace {
     explicit PixelPlace(float coordinate)
         : pixel{static_cast<std::int64_t>(std::floor(coordinate))},
@@ -22,13 +22,14 @@ struct PixelPlace {
     float within;
 };
 
-/// The pixels of a row whose centres lie no further than `r` from (x, dy).
+/// The pixels of a row whose centres lie within `r` of the disc's centre. `x` is the centre's place
+/// in its pixel, `dy` the distance of the row from it.
 Disc::Run runWithin(double x, double dy, double r) {
     const auto isInside = [&](std::int64_t column) {
         const double dx = static_cast<double>(column) + 0.5 - x;
         return dx * dx + dy * dy <= r * r;
     };
-    // The root comes near; the ends are decided by the exact condition.
+    // The root gives the ends roughly; the exact condition then moves them where they belong.
     const double reach = std::sqrt(std::max(r * r - dy * dy, 0.0));
     Disc::Run run{static_cast<std::int64_t>(std::floor(x - reach + 0.5)),
                   static_cast<std::int64_t>(std::floor(x + reach + 0.5))};
@@ -43,7 +44,7 @@ Disc::Run runWithin(double x, double dy, double r) {
     return run;
 }
 
-/// What is painted and how, for one layer.
+/// Paints the discs of one layer.
 class DiscPainter {
 public:
     DiscPainter(const LayerView& layer, const LayerFrame& frame, float radius,
@@ -64,8 +65,8 @@ public:
     void paintRows();
 
 private:
-    /// Where the beads of a column of content characters lie across the picture, and which disc of
-    /// a row they have.
+    /// For one character of the rows' text: the pixel in which its beads have their centres, and
+    /// the disc that they have, by its number in a row's discs.
     struct Column {
         std::int64_t pixel;
         std::size_t disc;
@@ -90,15 +91,18 @@ private:
     double radius_;
     const Palette* palette_;
     Picture* picture_;
-    std::vector<unsigned char> background_; // one line of it
+    std::vector<unsigned char> background_; // one line without beads
     std::array<Rgb, Palette::kSlots> pixels_{};
 
-    std::vector<Column> columns_;              // by content character of a row
-    std::vector<float> phases_;                // where in a pixel the centre lies across, by disc
-    std::map<float, std::vector<Disc>> discs_; // by where in a pixel it lies upwards; by disc
+    std::vector<Column> columns_; // by character of a row
+    // Where in their pixel the centres lie, across and upwards. Each pair of these has its disc:
+    // that of `phases_[i]` is `discs_[upwards][i]`.
+    std::vector<float> phases_;
+    std::map<float, std::vector<Disc>> discs_;
 };
 
-/// Beads of a circle lie anywhere; each is painted on its own.
+/// Paints a circle layer. No two beads need lie alike in their pixels, so each has a disc of its
+/// own.
 void DiscPainter::paintRings() {
     fillLines(0, frame_->height());
     for (const Bead& bead : layer_.beads()) {
@@ -117,8 +121,12 @@ void DiscPainter::paintRings() {
     }
 }
 
-/// Rows of beads do not touch each other, as a bead is four fifths of a pitch: the picture is
-/// painted from its first line to its last, so that each is in the cache until it is finished.
+/// Paints a square or hex layer.
+///
+/// Beads of different rows do not touch, as a bead is only four fifths of a pitch wide. So the
+/// picture can be painted line by line, each finished while it is in the cache, and few discs serve
+/// all beads. Benchmark DrawLayer/square with beads of 5 pixels: 1.2 ms, against 5.1 ms bead by
+/// bead.
 void DiscPainter::paintRows() {
     findColumns();
     std::int64_t nextLine = 0;
@@ -128,6 +136,7 @@ void DiscPainter::paintRows() {
     fillLines(nextLine, frame_->height());
 }
 
+/// Works out which discs the rows need, and where.
 void DiscPainter::findColumns() {
     columns_.resize(layer_.shape.rowLength(0));
     std::map<float, std::size_t> discs; // by place within the pixel
@@ -140,9 +149,10 @@ void DiscPainter::findColumns() {
     }
 }
 
-/// The discs of a row of beads that lies there within its line of pixels.
+/// The discs of a row of beads whose centres lie `within` their line of pixels, one for each place
+/// that centres have across.
 const std::vector<Disc>& DiscPainter::discsAt(float within) {
-    constexpr std::size_t kMostDiscs = 4096; // kept; a pitch that repeats late makes many
+    constexpr std::size_t kMostDiscs = 4096; // kept at a time; some pitches need very many
     const auto found = discs_.find(within);
     if (found != discs_.end())
         return found->second;
@@ -154,6 +164,7 @@ const std::vector<Disc>& DiscPainter::discsAt(float within) {
     return discs;
 }
 
+/// Paints the lines that a row of beads covers, and before them the background from `nextLine` on.
 void DiscPainter::paintRow(std::size_t row, std::int64_t& nextLine) {
     const PixelPlace y{frame_->toPicture(geometry_.gridPosition(row, 0))[1]};
     const std::vector<Disc>& discs = discsAt(y.within);

@@ -2,11 +2,14 @@
 
 #include "beads/ColorCells.h"
 
+#include <array>
+#include <vector>
+
 namespace VORN {
 
 namespace {
 
-/// The components of a picture's bytes.
+/// The component that each byte of a picture stands for.
 consteval std::array<float, 256> componentsOfBytes() {
     std::array<float, 256> components{};
     for (std::size_t byte = 0; byte < components.size(); ++byte)
@@ -16,7 +19,7 @@ consteval std::array<float, 256> componentsOfBytes() {
 
 constexpr std::array<float, 256> kComponents = componentsOfBytes();
 
-/// Diffuses the errors of one picture row to the next, in the order of reading.
+/// Matches the rows of a picture from the top and carries the errors from pixel to pixel.
 class Diffusion {
 public:
     Diffusion(const PaletteMatcher& matcher, std::size_t width)
@@ -24,7 +27,7 @@ public:
           cells_{matcher},
           errors_(width + 2) {}
 
-    /// Matches a row of at least one pixel.
+    /// Matches the next row, which has at least one pixel.
     void matchRow(const PixelRow& row, char* symbols) {
         const std::size_t width = row.width();
         Error* const above = errors_.data(); // column x has x + 1
@@ -37,7 +40,7 @@ public:
             for (std::size_t c = 0; c < corrected.size(); ++c)
                 corrected[c] = corrected[c] + 0.4375F * running[c] + 0.3125F * above[x + 1][c] +
                                0.1875F * above[x][c] + 0.0625F * above[x + 2][c];
-            if (x >= 2) // deliberately column 0 leaves nothing to the next row
+            if (x >= 2) // deliberately: column 0 passes nothing on to the next row
                 above[x] = running;
             const std::size_t entry = cells_.nearest(corrected);
             symbols[x] = matcher_->symbol(entry);
@@ -49,13 +52,13 @@ public:
     }
 
 private:
-    /// What matching left over at one pixel.
+    /// The difference between the colour wanted at a pixel and that of its bead.
     using Error = ColorPlace;
 
     const PaletteMatcher* matcher_;
     ColorCells cells_;
-    std::vector<Error> errors_; // of the row before; one of 0 at each side of the columns
-    Error running_{};           // of the last pixel of the row before
+    std::vector<Error> errors_; // of the previous row, with an error of 0 at each side
+    Error running_{};           // of the previous row's last pixel
 };
 
 } // namespace

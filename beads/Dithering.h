@@ -7,9 +7,11 @@
 
 namespace VORN {
 
-/// The picture's pixels, from the top row on, as palette symbols, the error of each spread over its
-/// neighbours with the weights of Floyd and Steinberg. Deliberately, column 0 leaves nothing to the
-/// row below.
+/// Matches every pixel with the palette and spreads its error over the neighbours that follow, with
+/// the weights of Floyd and Steinberg.
+///
+/// Returns the symbols of the pixels row by row, from the top. Deliberately, pixels of column 0
+/// pass nothing on to the row below.
 std::string dither(const PictureView& picture, const PaletteMatcher& matcher);
 
 } // namespace VORN

@@ -11,6 +11,7 @@ namespace VORN {
 
 namespace {
 
+/// `length` in pixels, rounded up to whole ones.
 unsigned toPixels(float length) {
     const float pixels = std::ceil(length);
     constexpr float kLimit = 4294967296.0F; // the first that does not fit
@@ -19,6 +20,7 @@ unsigned toPixels(float length) {
     return static_cast<unsigned>(pixels);
 }
 
+/// Gives each pixel the colour of the bead nearest to its corner.
 void drawNearest(const LayerView& layer, const LayerFrame& frame, const Palette& palette,
                  const Rgb& background, Picture& picture) {
     std::array<Rgb, Palette::kSlots> pixels;

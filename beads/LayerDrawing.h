@@ -7,21 +7,24 @@
 
 namespace VORN {
 
-/// Where a layer lies in its picture: beads one pitch apart, half a pitch of margin around them.
+/// Where a layer lies in the picture that shows it, with a margin of half a pitch around the
+/// outermost beads' positions.
 ///
-/// Places in the picture have y 0 at the bottom; the first text row of a layer is at the top.
+/// Places in the picture are in pixels, with y 0 at the bottom edge; the first row of the layer's
+/// text is at the top.
 class LayerFrame {
 public:
-    /// `beadSize` is the diameter of a bead in pixels, above 0; a pitch is 1.25 times as long. A
-    /// picture with more than 2^32 - 1 pixels along an axis is an `AllocateException`.
+    /// `box` is that of the layer's geometry. `beadSize` is the diameter of a bead in pixels, above
+    /// 0; a pitch is 1.25 times as long. A picture of more than 2^32 - 1 pixels along an axis is an
+    /// `AllocateException`.
     LayerFrame(const Hyperrectangle<2, float>& box, float beadSize);
 
     unsigned width() const { return width_; }   // pixels
     unsigned height() const { return height_; } // pixels
 
-    /// The place of a bead position in the picture.
+    /// The place in the picture that belongs to bead coordinates.
     Point<2, float> toPicture(const Point<2, float>& position) const;
-    /// The bead coordinates of a place in the picture.
+    /// The bead coordinates that belong to a place in the picture.
     Point<2, float> toBeads(const Point<2, float>& place) const;
 
 private:
@@ -32,12 +35,13 @@ private:
     unsigned height_;
 };
 
-/// Draws a layer into `picture`, which takes the size of its `LayerFrame`.
+/// Draws a layer into `picture`, which is resized as `LayerFrame` says.
 ///
-/// Beads of more than 1.5 pixels are discs on `background`: every pixel whose centre lies within
-/// half a bead of the bead's, the edge included. Smaller ones fill the picture: each pixel takes
-/// the colour of the bead nearest to its corner (column, row). Beads whose symbol the palette does
-/// not hold show the background.
+/// Beads of more than 1.5 pixels in diameter become discs on `background`: a disc has every pixel
+/// whose centre lies within half a bead of the bead's centre, the edge included. Smaller beads fill
+/// the picture: each pixel takes the colour of the bead nearest to its corner (column, row). Beads
+/// whose symbol the palette does not define show the background. A picture too large is an
+/// `AllocateException`.
 void drawLayer(const LayerView& layer, const Palette& palette, float beadSize,
                const Color& background, Picture& picture);
 

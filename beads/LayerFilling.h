@@ -5,16 +5,15 @@
 
 namespace VORN {
 
-/// Gives the beads of a layer, from the first on, one symbol of the palette each in ascending order
-/// until symbols or beads run out; the other beads stay as they are.
+/// Gives the first bead of a layer the palette's first symbol, the second bead the second one, and
+/// so on until symbols or beads run out. The other beads stay as they are.
 void fillWithPalette(const Palette& palette, const LayerShape& shape, std::string& content);
 
-/// Carries the symbols of one layer over onto another, the centres of their boxes laid onto each
-/// other.
+/// Copies the symbols of one layer to another, with the centres of both layers laid on each other.
 ///
-/// Every bead of `content`, a layer of that `shape`, that then lies in the box of `input`, whose
-/// far edges do not belong to it, takes the symbol of the nearest bead; the others stay as they
-/// are.
+/// `content` is that of a layer of `shape`. Each of its beads that then lies in the box of `input`
+/// takes the symbol of the nearest bead of `input`; the right and lower edges do not belong to the
+/// box. The other beads stay as they are.
 void reshapeLayer(const LayerView& input, const LayerShape& shape, std::string& content);
 
 } // namespace VORN

@@ -12,7 +12,7 @@ namespace VORN {
 
 namespace {
 
-/// The size that `count` beads or rows have along one axis.
+/// `count` beads or rows as a size; throws if it does not fit.
 unsigned toExtent(std::size_t count) {
     constexpr std::uint64_t kMaximum = std::numeric_limits<unsigned>::max();
     if (count > kMaximum)
@@ -42,8 +42,8 @@ LayerShape LayerShape::ofText(PatternStyle style, std::size_t firstRowLength, st
     const unsigned height = toExtent(rows);
     if (style == PatternStyle::Circle)
         return {style, {height, height}};
-    return {style,
-            {toExtent(style == PatternStyle::Hex ? firstRowLength / 2 : firstRowLength), height}};
+    const std::size_t step = LayerShape{style, {}}.beadStep();
+    return {style, {toExtent(firstRowLength / step), height}};
 }
 
 std::size_t LayerShape::textRowLength(PatternStyle style, std::size_t firstRowLength,

@@ -8,18 +8,19 @@
 
 namespace VORN {
 
-/// `Count` values whose bytes are 0 at first; memory is touched only where values are.
+/// A table of `Count` values whose bytes are all 0 at first. The system provides memory only for
+/// pages that are touched, so a large table of which little is used costs little.
 template <class Value, std::size_t Count>
     requires std::is_trivial_v<Value>
 class LazyTable {
 public:
-    /// Nothing but running out of memory can fail: a `std::bad_alloc`.
+    /// Running out of memory is a `std::bad_alloc`.
     LazyTable() : values_{static_cast<Value*>(std::calloc(Count, sizeof(Value)))} {
         if (!values_)
             throw std::bad_alloc{};
     }
 
-    /// `index` is below `Count`.
+    /// The value number `index`, below `Count`; not checked.
     Value& operator[](std::size_t index) { return values_[index]; }
 
 private:

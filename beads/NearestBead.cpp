@@ -9,13 +9,13 @@ namespace VORN {
 
 namespace {
 
-/// A run of indices, `last` excluded.
+/// The indices from `first` up to, but not including, `last`.
 struct Window {
     std::size_t first;
     std::size_t last;
 };
 
-/// The three indices around `centre` of those below `count`; fewer only where there are fewer.
+/// The three indices nearest to `centre` among those below `count`, or all if there are fewer.
 Window windowAround(double centre, std::size_t count) {
     constexpr std::size_t kWidth = 3;
     const std::size_t latest = count > kWidth ? count - kWidth : 0;
@@ -38,6 +38,7 @@ class NearestBead::Best {
 public:
     explicit Best(const Point<2, float>& point) : point_{point} {}
 
+    /// Takes the bead at content position `i` if it is nearer.
     void consider(std::size_t i, const Point<2, float>& position) {
         const float distance = squaredDistance(position, point_);
         if (found_ && !(distance < distance_ || (distance == distance_ && i < *found_)))
@@ -45,7 +46,7 @@ public:
         found_ = i;
         distance_ = distance;
     }
-    /// As `consider`, when all beads so far have lower content positions.
+    /// The same, faster, for a bead whose content position is above all those before.
     void considerNext(std::size_t i, const Point<2, float>& position) {
         const float distance = squaredDistance(position, point_);
         if (found_ && !(distance < distance_))
@@ -84,22 +85,21 @@ std::optional<std::size_t> NearestBead::find(const Point<2, float>& point) const
     return best.found();
 }
 
-// Rows two further on have their beads above those of the row next to the point, so that three rows
-// and three columns hold the nearest bead. Windows at the end of the grid begin earlier, which
-// takes in a complete row where the last one is not.
+/// Compares the beads in three rows and three columns around the point. A bead two rows away has
+/// one nearer to the point in the row between, so these hold the nearest. At the end of the grid
+/// the three rows begin earlier, so that they include a complete row if the last one is not.
 void NearestBead::searchGrid(const Point<2, float>& point, Best& best) const {
     const LayerShape& shape = geometry_.shape();
     const std::size_t rowLength = shape.rowLength(0);
     if (rowLength == 0 || length_ == 0)
         return;
-    Best nearest = best; // a copy of its own, which the compiler keeps in registers
-    const bool isHex = shape.style() == PatternStyle::Hex;
-    const double rowPitch = isHex ? BeadGeometry::kHexRowPitch : 1.0;
-    const Window rows = windowAround(point[1] / rowPitch, rows_);
+    Best nearest = best; // a local copy, which the compiler keeps in registers
+    const double columnPitch = geometry_.columnPitch();
+    const Window rows = windowAround(point[1] / geometry_.rowPitch(), rows_);
     for (std::size_t row = rows.first; row < rows.last; ++row) {
         const std::size_t start = row * rowLength;
         const std::size_t count = std::min(rowLength, length_ - start);
-        const Window columns = windowAround(point[0] / (isHex ? 0.5 : 1.0), count);
+        const Window columns = windowAround(point[0] / columnPitch, count);
         for (std::size_t column = columns.first; column < columns.last; ++column)
             if (shape.isBead(row, column))
                 nearest.considerNext(start + column, geometry_.gridPosition(row, column));
@@ -118,8 +118,8 @@ void NearestBead::searchRings(const Point<2, float>& point, Best& best) const {
         searchRing(r, turn, best);
 }
 
-/// Looks at the beads of a ring around `turn`, in turns from -1 to 1, and at the ring's first and
-/// last, between which a ring that is not complete has its gap.
+/// Compares the three beads of a ring nearest to the angle `turn`, in turns from -1 to 1, and the
+/// ring's first and last bead: an incomplete ring has its gap between these.
 void NearestBead::searchRing(std::size_t ring, double turn, Best& best) const {
     if (ring == 0) {
         best.consider(0, ringed_[0]);
@@ -128,8 +128,8 @@ void NearestBead::searchRing(std::size_t ring, double turn, Best& best) const {
     const auto beads = static_cast<double>(LayerShape::ringLength(ring));
     const std::size_t first = LayerShape::ringBegin(ring);
     const std::size_t last = std::min(first + LayerShape::ringLength(ring), length_) - 1;
-    // The first bead of the ring stands at (ring - 1) / ring of a turn; that is as many beads
-    // before its end as the first ring has.
+    // The first bead of the ring lies at (ring - 1) / ring of a turn. From there to the full turn
+    // it is as many beads as the first ring has.
     const double place = std::round(turn * beads) + static_cast<double>(LayerShape::ringLength(1));
     for (const double step : {-1.0, 0.0, 1.0}) {
         const double offset = place + step - beads * std::floor((place + step) / beads);
@@ -141,6 +141,7 @@ void NearestBead::searchRing(std::size_t ring, double turn, Best& best) const {
     best.consider(last, ringed_[last]);
 }
 
+/// Compares all beads.
 void NearestBead::walk(Best& best) const {
     for (const Bead& bead : geometry_.shape().beads(length_))
         best.considerNext(bead.position,

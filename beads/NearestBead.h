@@ -10,15 +10,20 @@ namespace VORN {
 
 /// Finds the bead of a layer that is nearest to a point.
 ///
-/// Gives exactly what a walk over all beads with `squaredDistance` in single precision gives, the
-/// lowest content position on equal distances, but looks only at the few beads around a point that
-/// lies in the layer's box or up to one pitch outside; the benchmark `NearestBead` shows what each
-/// costs.
+/// The result is exactly that of comparing all beads by `squaredDistance` in single precision; if
+/// several are equally near, it is the one with the lowest content position. But for a point in the
+/// layer's box, or up to one pitch outside of it, only the few beads around the point are compared.
+/// Benchmark NearestBead: 30 ns in a layer of 200 x 200 beads and 100 ns in a circle of 200 rings,
+/// against 35 and 107 microseconds for all beads.
+///
+/// The layer is needed only while the object is made.
 class NearestBead {
 public:
+    /// Prepares for `layer`; of a circle the positions of all beads are kept.
     explicit NearestBead(const LayerView& layer);
 
-    /// The content position of the nearest bead; nothing where the layer has no beads.
+    /// The content position of the bead nearest to `point`, which is in bead coordinates; nothing
+    /// if the layer has no beads.
     std::optional<std::size_t> find(const Point<2, float>& point) const;
 
 private:
@@ -32,8 +37,8 @@ private:
     BeadGeometry geometry_;
     std::size_t length_;                  // of the layer's content
     std::size_t rows_;                    // or rings, the last perhaps in part
-    Hyperrectangle<2, float> near_;       // where a search around the point finds the nearest bead
-    std::vector<Point<2, float>> ringed_; // the positions of a circle layer, costly to compute
+    Hyperrectangle<2, float> near_;       // where looking around the point is enough
+    std::vector<Point<2, float>> ringed_; // the beads of a circle, costly to compute
 };
 
 } // namespace VORN

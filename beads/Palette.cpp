@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view kWhitespace = " \t\n\r";
 constexpr std::string_view kNumber = "0123456789.";
 
-/// Takes the longest prefix made of `set` away from `text` and returns it.
+/// Removes from `text` the characters of `set` at its front; returns them.
 std::string_view take(std::string_view& text, std::string_view set) {
     const std::string_view taken =
         text.substr(0, std::min(text.find_first_not_of(set), text.size()));

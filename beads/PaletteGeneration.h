@@ -5,9 +5,10 @@
 
 namespace VORN {
 
-/// The distinct colours of a picture in the order of reading, under the symbols 0-9, a-z and A-Z.
+/// A palette of the distinct colours of a picture, row by row from the top left, under the symbols
+/// 0-9, a-z and A-Z.
 ///
-/// When these 62 are used up, every further colour deliberately takes the place of "Z".
+/// When these 62 are used up, every further colour deliberately replaces the one of "Z".
 Palette generatePalette(const PictureView& picture);
 
 } // namespace VORN

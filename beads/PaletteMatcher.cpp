@@ -1,5 +1,7 @@
 #include "beads/PaletteMatcher.h"
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <limits>
@@ -8,14 +10,17 @@ namespace VORN {
 
 namespace {
 
-/// A whole number that orders distances as they are ordered themselves, since they are never
-/// negative; what is not a number comes last. Whole numbers are what every machine compares and
-/// selects in vectors.
+/// The bits of a distance as a whole number. Distances are never negative, so these numbers have
+/// the same order, with NaN behind all others. Compilers vectorise the minimum of whole numbers,
+/// not that of floats.
 std::int32_t orderOf(float distance) {
     constexpr std::uint32_t kAllButSign = 0x7FFFFFFF;
     return static_cast<std::int32_t>(std::bit_cast<std::uint32_t>(distance) & kAllButSign);
 }
 
+/// Computes all distances, then finds the least, then the first entry that has it: three loops that
+/// vectorise, the last one apart. Benchmark NearestColor/all with 256 colours: 194 ns, against 233
+/// ns for one loop that keeps the nearest so far.
 template <class Distance>
 std::size_t nearestOf(const Distance& distance, const ColorPlace& place,
                       const std::array<std::vector<float>, 3>& coordinates) {

@@ -13,7 +13,7 @@ namespace {
 using Piece = Signal<2, char>;
 using Box = Hyperrectangle<2, unsigned>;
 
-/// The smallest box around the content; without any, the whole layer.
+/// The smallest box around the content of a layer; the whole layer if it has none.
 Box contentBox(const Piece& layer, const Palette& palette) {
     Tuple<2, unsigned> first = layer.size();
     Tuple<2, unsigned> end;
@@ -30,7 +30,7 @@ Box contentBox(const Piece& layer, const Palette& palette) {
     return {{first[0], first[1]}, {end[0] - first[0], end[1] - first[1]}};
 }
 
-/// `box` lies in the layer.
+/// The part of a layer that lies in `box`, which does not reach beyond it.
 Piece cut(const Piece& layer, const Box& box) {
     const unsigned width = box.extent()[0];
     const unsigned height = box.extent()[1];
@@ -40,7 +40,7 @@ Piece cut(const Piece& layer, const Box& box) {
     return piece;
 }
 
-/// A piece lies at the origin of its panel, whose size must reach at least as far.
+/// Throws if a piece does not fit its panel, on which it lies at the origin.
 void checkFits(const Piece& piece, const Piece& panel) {
     for (std::size_t i = 0; i < 2; ++i) {
         const unsigned room = panel.size()[i] - piece.size()[i];
@@ -82,7 +82,7 @@ bool PanelPacker::isFull(const Piece& piece) const {
     return count == piece.count();
 }
 
-/// Lets no panel take any further piece.
+/// Closes all panels for further pieces.
 void PanelPacker::giveUpSharing() {
     for (; givenUp_ < occupancies_.size(); ++givenUp_) {
         auto& occupancy = occupancies_[givenUp_];
@@ -96,6 +96,7 @@ void PanelPacker::giveUpSharing() {
     }
 }
 
+/// Copies a piece to the origin of a panel.
 void PanelPacker::paste(const Piece& piece, std::size_t panel) {
     Piece symbols;
     panels_.GetLayer(panel, symbols);

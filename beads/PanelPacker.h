@@ -5,22 +5,26 @@
 #include "core/BinarySignal.h"
 
 #include <memory>
+#include <vector>
 
 namespace VORN {
 
-/// Packs the layers of square patterns, cropped to what is to be built, onto square panels.
+/// Packs the layers of square patterns onto square panels.
 ///
-/// As binary correlation is not implemented, every piece takes a panel of its own. A bead is part
-/// of a piece's content when the palette defines its symbol, else it is background. The palette is
-/// borrowed and must outlive the packer.
+/// A bead counts as content if the palette defines its symbol, and else as background. Each layer
+/// is cut to the smallest box around its content, and this piece is put on a panel. Sharing a panel
+/// is deliberately left out: finding room for a piece among others takes binary correlation, which
+/// is not implemented, so every piece takes a panel of its own.
 class PanelPacker {
 public:
+    /// For panels of `panelBeads` x `panelBeads`. `palette` is borrowed and must outlive the
+    /// packer.
     PanelPacker(const Palette& palette, unsigned panelBeads);
 
-    /// Adds a layer of a square pattern, reduced to the smallest box around its content, if any.
+    /// Puts a layer of a square pattern on a new panel. A layer without content is not cut.
     ///
-    /// A piece larger than the panel is a `BoundException<int>`, one without background a
-    /// `SupportException`, as taking up room on a panel is not implemented.
+    /// A piece larger than the panel is a `BoundException<int>`. A piece without background is a
+    /// `SupportException`, as marking its room on a panel is not implemented.
     void add(const Pattern& pattern, std::size_t layer);
 
     /// The panels, one layer each.
@@ -36,9 +40,9 @@ private:
     const Palette& palette_;
     Tuple<2, unsigned> panelSize_;
     Pattern panels_;
-    std::vector<std::unique_ptr<Occupancy>> occupancies_; // a panel without one is not shared
-    std::size_t givenUp_ = 0;     // the panels before this one are not shared any more
-    bool warnsOfFallback_ = true; // once
+    std::vector<std::unique_ptr<Occupancy>> occupancies_; // by panel; null: takes no further piece
+    std::size_t givenUp_ = 0;     // panels from the first on that are closed
+    bool warnsOfFallback_ = true; // until it has warned once
 };
 
 } // namespace VORN

@@ -3,11 +3,13 @@
 #include "core/BufferStream.h"
 #include "core/Console.h"
 
+#include <algorithm>
+
 namespace VORN {
 
 namespace {
 
-/// Gathers the rows of one layer after the other.
+/// Collects the rows of a layer; the next layer can follow when it is closed.
 class LayerReader {
 public:
     explicit LayerReader(PatternStyle style) : style_{style} {}
@@ -23,7 +25,7 @@ public:
         return true;
     }
 
-    /// Hands the rows gathered since the last call, if any, over to `pattern`.
+    /// Adds the layer made of the rows since the last call to `pattern`, if there were any.
     void closeLayer(Pattern& pattern) {
         if (rows_ == 0)
             return;
@@ -40,7 +42,8 @@ private:
     std::size_t firstRowLength_ = 0; // characters
 };
 
-/// Takes the next line away from `text`; CR LF, a lone CR and a lone LF each end a line.
+/// Removes the next line from `text` and returns it; CR LF, a lone CR and a lone LF each end a
+/// line.
 std::string_view takeLine(std::string_view& text) {
     const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
     const std::string_view line = text.substr(0, end);
@@ -88,7 +91,7 @@ void Pattern::Write(Text::TextWriter& out) const {
         std::string_view rest = layer.content;
         for (std::size_t row = 0; !rest.empty(); ++row) {
             const std::size_t length = shape.rowLength(row);
-            // Rows of a hex layer of width 0 are not told apart.
+            // A hex layer of width 0 has rows without length; its content goes out as one line.
             const std::string_view line = rest.substr(0, length > 0 ? length : rest.size());
             out.write(line);
             out.endLine();

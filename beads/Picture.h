@@ -27,37 +27,42 @@ inline Color toColor(const Rgb& pixel) {
     return {toComponent(pixel.red), toComponent(pixel.green), toComponent(pixel.blue)};
 }
 
-/// A row of pixels, owned elsewhere. What is stored may be grey, one byte a pixel; this is the one
-/// place where grey becomes red, green and blue.
+/// View of a row of pixels. They may be stored as grey, one byte a pixel; this is the only place
+/// where grey becomes red, green and blue.
 class PixelRow {
 public:
-    /// `samples` holds `channels` bytes a pixel, 1 or 3.
+    /// `samples` holds `channels` bytes for each pixel, 1 or 3. It is borrowed and must outlive the
+    /// row.
     PixelRow(std::span<const unsigned char> samples, unsigned channels)
         : samples_{samples},
           channels_{channels},
           green_{channels == 1 ? 0U : 1U},
           blue_{channels == 1 ? 0U : 2U} {}
 
+    /// The pixel in column `x`, which is below the width.
     Rgb operator[](std::size_t x) const {
         const unsigned char* const pixel = samples_.data() + x * channels_;
         return {pixel[0], pixel[green_], pixel[blue_]};
     }
+    /// The number of pixels.
     std::size_t width() const { return samples_.size() / channels_; }
-    /// As stored, for those who treat all channels alike.
+    /// The bytes as they are stored, for code that treats all channels alike.
     std::span<const unsigned char> samples() const { return samples_; }
 
 private:
     std::span<const unsigned char> samples_;
     std::size_t channels_;
-    std::size_t green_; // where it stands in a pixel
+    std::size_t green_; // index of the byte in a pixel, as is the next
     std::size_t blue_;
 };
 
-/// A row of pixels to be painted, three bytes each, owned elsewhere.
+/// View of a row of pixels to be painted, three bytes each.
 class PaintedRow {
 public:
+    /// `samples` is borrowed and must outlive the row.
     explicit PaintedRow(std::span<unsigned char> samples) : samples_{samples.data()} {}
 
+    /// Sets the pixel in column `x`.
     void set(std::size_t x, const Rgb& pixel) { fill(x, x + 1, pixel); }
     /// Sets the pixels from `first` up to, but not including, `last`.
     void fill(std::size_t first, std::size_t last, const Rgb& pixel) {
@@ -72,11 +77,14 @@ private:
     unsigned char* samples_;
 };
 
-/// A picture owned elsewhere, or a region of one. Rows count from the top, columns from the left.
+/// View of a picture that is owned elsewhere, or of a region of one. Rows count from the top,
+/// columns from the left.
 class PictureView {
 public:
+    /// An empty picture.
     PictureView() = default;
-    /// `signal` is (channel, x, y) with 1 or 3 channels, y 0 being the bottom row.
+    /// A view of all of `signal`, which is (channel, x, y) with 1 or 3 channels, y 0 being the
+    /// bottom row. It must outlive the view.
     template <class P>
     PictureView(const SignalBase<3, unsigned char, P>& signal)
         : bottomRow_{signal.samples().data()},
@@ -88,15 +96,17 @@ public:
     unsigned width() const { return width_; }
     unsigned height() const { return height_; }
     unsigned channels() const { return channels_; }
+    /// Whether there are no pixels.
     bool isEmpty() const { return width_ == 0 || height_ == 0; }
 
-    /// `y` is below the height.
+    /// Row `y`, which is below the height.
     PixelRow row(std::size_t y) const {
         return {{bottomRow_ + (height_ - 1 - y) * rowBytes_, std::size_t{width_} * channels_},
                 channels_};
     }
 
-    /// The `width` x `height` pixels whose top left one is (x, y); they lie in the picture.
+    /// The region of `width` x `height` pixels whose top left pixel is (x, y). It must not reach
+    /// beyond the picture.
     PictureView region(unsigned x, unsigned y, unsigned width, unsigned height) const;
 
 private:
@@ -107,34 +117,37 @@ private:
     unsigned height_ = 0;
 };
 
-/// A picture that owns its pixels, as `PictureView` shows them.
+/// A picture that owns its pixels. `PictureView` tells how to read them.
 class Picture {
 public:
+    /// An empty picture.
     Picture() = default;
-    /// The pixels, of 1 or 3 channels, have no defined value yet.
+    /// A picture of 1 or 3 channels, whose pixels have no defined value yet.
     Picture(unsigned width, unsigned height, unsigned channels) {
         resize({channels, width, height});
     }
-    /// Takes over `samples`, which hold a signal (channel, x, y) of that size.
+    /// Takes over `samples`, which hold a signal (channel, x, y) of that size, y 0 being the bottom
+    /// row.
     Picture(IncrementalBuffer samples, const Tuple<3, unsigned>& size)
         : samples_{std::move(samples)},
           size_{size} {}
 
+    /// A view of the picture, valid until it is resized.
     operator PictureView() const { return signal(); }
     /// The picture as (channel, x, y), y 0 being the bottom row.
     SignalConstBorrow<3, unsigned char> signal() const { return {size_, samples_.data().data()}; }
 
     unsigned width() const { return size_[1]; }
     unsigned height() const { return size_[2]; }
-    /// Sets channels, width and height. The pixels have no defined value then; memory that is there
-    /// is used again.
+    /// Sets the size: channels, width and height. The pixels have no defined value then. Memory is
+    /// used again if it suffices; running out of it is an `AllocateException`.
     void resize(const Tuple<3, unsigned>& size);
-    /// The bytes of row `y`, counted from the top.
+    /// The bytes of row `y`, counted from the top and below the height, to be changed.
     std::span<unsigned char> rowSamples(std::size_t y) {
         const std::size_t bytes = std::size_t{size_[0]} * size_[1];
         return samples_.writableData().subspan((size_[2] - 1 - y) * bytes, bytes);
     }
-    /// Row `y` of a picture of 3 channels.
+    /// Row `y` of a picture of 3 channels, to be painted.
     PaintedRow paintedRow(std::size_t y) { return PaintedRow{rowSamples(y)}; }
 
 private:

@@ -5,10 +5,13 @@
 #include "beads/Dithering.h"
 #include "beads/Scaling.h"
 
+#include <algorithm>
+
 namespace VORN {
 
 namespace {
 
+/// The colours that count as transparent, if any do.
 std::optional<ColorBox> transparentColors(const PictureView& picture,
                                           const ConversionOptions& options) {
     if (options.transparentColor) {
@@ -23,7 +26,8 @@ std::optional<ColorBox> transparentColors(const PictureView& picture,
     return std::nullopt;
 }
 
-/// The picture with a pixel on each bead pitch of `pegboard`; nothing where one of them is empty.
+/// The picture scaled to one pixel for each bead pitch of `pegboard`; nothing if either has no
+/// extent.
 std::optional<Picture> fitted(const PictureView& picture, const LayerShape& pegboard) {
     const Vector<2, float> extent = BeadGeometry{pegboard}.box().extent();
     const auto width = static_cast<unsigned>(extent[0]);

@@ -1,20 +1,23 @@
 #include "beads/Scaling.h"
 
+#include <algorithm>
+#include <array>
 #include <vector>
 
 namespace VORN {
 
 namespace {
 
-/// How the samples of one axis are made of source samples, with whole weights.
+/// Which source samples make up each target sample along one axis, and with which weights. All
+/// weights are whole numbers.
 class Resampling {
 public:
     Resampling(std::uint64_t source, std::uint64_t target) : source_{source}, target_{target} {}
 
-    /// The sum of the weights of every target sample.
+    /// The sum of the weights, the same for every target sample.
     std::uint64_t total() const { return shrinks() ? source_ : 2 * target_; }
 
-    /// Calls `visit(sourceIndex, weight)` for the source samples that `target` is made of.
+    /// Calls `visit(sourceIndex, weight)` for each source sample of the target sample `target`.
     template <class Visit>
     void forEach(std::uint64_t target, Visit visit) const {
         if (shrinks())
@@ -26,7 +29,7 @@ public:
 private:
     bool shrinks() const { return target_ <= source_; }
 
-    // In units of which a source sample takes `target_` and a target sample `source_`.
+    // Lengths are in a unit of which a source sample has `target_` and a target sample `source_`.
     template <class Visit>
     void forEachCovered(std::uint64_t target, Visit visit) const {
         const std::uint64_t begin = target * source_;
@@ -35,11 +38,12 @@ private:
             visit(s, std::min((s + 1) * target_, end) - std::max(s * target_, begin));
     }
 
-    // In units of which a source sample takes 2 `target_`; the ends of the axis are repeated.
+    // Lengths are in a unit of which a source sample has 2 `target_`. Beyond the outermost centres
+    // the outermost samples are repeated.
     template <class Visit>
     void forEachNeighbour(std::uint64_t target, Visit visit) const {
         const std::uint64_t unit = 2 * target_;
-        const std::uint64_t doubled = (2 * target + 1) * source_; // centre, half a sample too far
+        const std::uint64_t doubled = (2 * target + 1) * source_; // the centre, from the start
         const std::uint64_t last = (source_ - 1) * unit;
         const std::uint64_t at = doubled > target_ ? std::min(doubled - target_, last) : 0;
         visit(at / unit, unit - at % unit);
@@ -60,7 +64,7 @@ void accumulate(std::span<const unsigned char> row, Sum weight, std::span<Sum> s
         totals[i] += weight * samples[i];
 }
 
-/// Makes the pixels of one target row out of the weighted column sums of its source rows.
+/// Makes one target row from the weighted sums of its source rows, which `columns` holds.
 template <class Sum, unsigned Channels>
 void reduceRow(std::span<const Sum> columns, const Resampling& across, std::uint64_t total,
                std::span<unsigned char> row) {
@@ -81,7 +85,8 @@ void scaleRows(const PictureView& picture, const Resampling& down, Picture& out)
     const Resampling across{picture.width(), out.width()};
     const std::uint64_t total = down.total() * across.total();
     std::vector<Sum> columns(std::size_t{Channels} * picture.width());
-    // Weights lean neither up nor down, so counting rows from the top or the bottom is the same.
+    // Weights are symmetric, so it makes no difference whether rows count from the top or the
+    // bottom.
     for (std::size_t y = 0; y < out.height(); ++y) {
         std::ranges::fill(columns, Sum{0});
         down.forEach(y, [&](std::uint64_t from, std::uint64_t weight) {

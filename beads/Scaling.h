@@ -4,11 +4,12 @@
 
 namespace VORN {
 
-/// `picture` brought to `width` x `height` pixels; neither it nor the result may be empty.
+/// Scales `picture` to `width` x `height` pixels; neither it nor the result may be empty.
 ///
-/// Where an axis shrinks, each pixel is the average of the area it covers; where it grows, it is
-/// interpolated linearly between pixel centres. Sums are exact and rounded to nearest once. The
-/// channels stay as many as they are.
+/// Along an axis that shrinks, each new pixel is the average of the area that it covers. Along one
+/// that grows, it is interpolated linearly between the centres of old pixels. Sums are exact and
+/// rounded once, to the nearest. The number of channels stays. Running out of memory is an
+/// `AllocateException` or a `std::bad_alloc`.
 Picture scale(const PictureView& picture, unsigned width, unsigned height);
 
 } // namespace VORN

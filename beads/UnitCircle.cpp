@@ -7,12 +7,12 @@ namespace VORN {
 
 namespace {
 
-// Half of pi as the sum of two doubles. Multiples by -2 to 2 of either are exact.
+// Half of pi as the sum of two doubles. Their products with -2 to 2 are exact.
 constexpr double kHalfPi = 0x1.921fb54442d18p0;
 constexpr double kHalfPiRest = 0x1.1a62633145c07p-54;
 
-/// The coefficients of the Taylor series whose terms are `x^n / n!` with alternating signs, n being
-/// `first`, `first` + 2, ...; the last one is below 1e-18 for |x| up to pi / 4.
+/// The coefficients of the Taylor series with the terms `x^n / n!`, with alternating signs, for n =
+/// `first`, `first` + 2 and so on. The last term is below 1e-18 for |x| up to pi / 4.
 consteval std::array<double, 8> seriesFrom(int first) {
     std::array<double, 8> coefficients{};
     double factorial = 1.0;
@@ -26,10 +26,10 @@ consteval std::array<double, 8> seriesFrom(int first) {
     return coefficients;
 }
 
-constexpr std::array<double, 8> kSine = seriesFrom(3);   // behind the term x
-constexpr std::array<double, 8> kCosine = seriesFrom(2); // behind the term 1
+constexpr std::array<double, 8> kSine = seriesFrom(3);   // all terms but the first, x
+constexpr std::array<double, 8> kCosine = seriesFrom(2); // all terms but the first, 1
 
-/// The sum of the `coefficients` times 1, `square`, `square` squared and so on.
+/// The polynomial in `square` with these coefficients, that of the lowest power first.
 double sumOf(const std::array<double, 8>& coefficients, double square) {
     double sum = 0.0;
     for (std::size_t k = coefficients.size(); k-- > 0;)
@@ -41,7 +41,7 @@ double sumOf(const std::array<double, 8>& coefficients, double square) {
 
 UnitCirclePoint unitCirclePoint(double angle) {
     const double quarters = std::floor(angle / kHalfPi + 0.5); // -2 to 2
-    // The first difference is exact, as the angle is near the multiple.
+    // The first subtraction is exact, as both numbers are close to each other.
     const double x = angle - quarters * kHalfPi - quarters * kHalfPiRest;
     const double square = x * x;
     const double sine = x + x * square * sumOf(kSine, square);

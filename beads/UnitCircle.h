@@ -10,9 +10,9 @@ struct UnitCirclePoint {
 
 /// The point of the unit circle at `angle`, in radians from -pi to pi.
 ///
-/// Libraries differ in the last digits of their sine and cosine. This kernel uses additions and
-/// multiplications only, which are the same on every machine; it is within 2^-52 of the exact
-/// values, and also relatively so where a value is close to 0.
+/// The standard library's sine and cosine differ from system to system in the last digits. This
+/// function only adds, multiplies and divides, which is the same on every machine. Its error is at
+/// most 2^-52, and near 0 at most that part of the value.
 UnitCirclePoint unitCirclePoint(double angle);
 
 } // namespace VORN

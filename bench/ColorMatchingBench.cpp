@@ -19,7 +19,7 @@ void nearestColor(benchmark::State& state, Find find) {
 }
 
 void nearestByCells(benchmark::State& state) {
-    const PaletteMatcher matcher = Bench::matcher(state.range(0), state.range(1) != 0);
+    const PaletteMatcher matcher = Bench::matcher(state.range(0), Bench::distance(state.range(1)));
     ColorCells cells{matcher};
     nearestColor(state, [&](const ColorPlace& rgb) { return cells.nearest(rgb); });
 }
@@ -29,7 +29,7 @@ BENCHMARK(nearestByCells)
     ->ArgsProduct({{16, 62, 256}, {0, 1}});
 
 void nearestOfAll(benchmark::State& state) {
-    const PaletteMatcher matcher = Bench::matcher(state.range(0), state.range(1) != 0);
+    const PaletteMatcher matcher = Bench::matcher(state.range(0), Bench::distance(state.range(1)));
     nearestColor(state, [&](const ColorPlace& rgb) {
         return matcher.nearest(state.range(1) != 0 ? HsvDistance::place(rgb) : rgb);
     });
@@ -42,7 +42,7 @@ BENCHMARK(nearestOfAll)
 /// A picture as a pattern with a bead for each pixel. Argument: palette colours.
 void matchPicture(benchmark::State& state) {
     const auto picture = Bench::photo(1000, 1000);
-    const PaletteMatcher matcher = Bench::matcher(state.range(0), false);
+    const PaletteMatcher matcher = Bench::matcher(state.range(0), RgbDistance{});
     const LayerShape shape{PatternStyle::Square, {1000U, 1000U}};
     std::string content(shape.contentLength(), kNoBead);
     for (auto _ : state)

@@ -8,7 +8,7 @@ namespace {
 
 /// Arguments: palette colours, whether they are compared as HSV.
 void ditherPicture(benchmark::State& state) {
-    const PaletteMatcher matcher = Bench::matcher(state.range(0), state.range(1) != 0);
+    const PaletteMatcher matcher = Bench::matcher(state.range(0), Bench::distance(state.range(1)));
     const auto picture = Bench::photo(1000, 1000);
     for (auto _ : state)
         benchmark::DoNotOptimize(dither(picture, matcher));

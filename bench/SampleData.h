@@ -46,11 +46,16 @@ inline Palette palette(unsigned colors) {
     return made;
 }
 
-/// A matcher of as many colours, in RGB or HSV.
-inline PaletteMatcher matcher(std::int64_t colors, bool isHsv) {
-    const Palette made = palette(static_cast<unsigned>(colors));
-    return isHsv ? PaletteMatcher{made, HsvDistance{{1, 1, 1}}}
-                 : PaletteMatcher{made, RgbDistance{}};
+/// The distance that the argument "hsv" of a benchmark stands for.
+inline ColorDistance distance(std::int64_t hsv) {
+    if (hsv != 0)
+        return HsvDistance{{1, 1, 1}};
+    return RgbDistance{};
+}
+
+/// A matcher of as many colours.
+inline PaletteMatcher matcher(std::int64_t colors, const ColorDistance& distance) {
+    return PaletteMatcher{palette(static_cast<unsigned>(colors)), distance};
 }
 
 } // namespace VORN::Bench

@@ -3,30 +3,40 @@
 #include "core/Signal.h"
 
 #include <limits>
+#include <vector>
 
 namespace VORN {
 
-/// Bits packed into words of type T, least significant first; every row begins a new word.
+/// Bits packed into words of type T, reached through P, a pointer to T.
+///
+/// The least significant bit of a word comes first, and every row begins a new word. Only signals
+/// of two dimensions exist. Indices are not checked.
 template <std::size_t N, class T, class P>
 class BinarySignalBase {
 public:
     static constexpr unsigned kWordBits = std::numeric_limits<T>::digits;
 
     const Tuple<N, unsigned>& size() const { return size_; }
+    /// The words of all rows, row 0 first; bits behind the end of a row stay 0.
     std::span<const T> words() const { return {words_, wordCount(size_)}; }
 
+    /// The bit in column `x` of row `y`.
     bool get(unsigned x, unsigned y) const {
         return (words_[wordIndex(x, y)] >> (x % kWordBits) & 1) != 0;
     }
+    /// Sets the bit in column `x` of row `y` to 1.
     void set(unsigned x, unsigned y) { words_[wordIndex(x, y)] |= T{1} << (x % kWordBits); }
 
 protected:
+    /// The number of words in a row of `width` bits.
     static std::size_t rowWords(unsigned width) {
         return (std::size_t{width} + kWordBits - 1) / kWordBits;
     }
+    /// The number of words in a signal of that size.
     static std::size_t wordCount(const Tuple<N, unsigned>& size) {
         return rowWords(size[0]) * size[1];
     }
+    /// Makes this the signal of that size in `words`, which must outlive it.
     void refer(const Tuple<N, unsigned>& size, P words) {
         size_ = size;
         words_ = words;
@@ -61,6 +71,7 @@ template <std::size_t N, class T>
     requires(N == 2)
 class BinarySignal : public BinarySignalSerializable<N, T, T*> {
 public:
+    /// A signal of `size`, width and height, with every bit 0.
     explicit BinarySignal(const Tuple<N, unsigned>& size) : storage_(this->wordCount(size)) {
         this->refer(size, storage_.data());
     }

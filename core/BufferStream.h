@@ -10,18 +10,19 @@ namespace VORN {
 /// A read past the end throws `StreamException` and leaves the position unchanged.
 class ConstBufferStream : public RandomReadStream {
 public:
+    /// A stream at the first byte of `buffer`.
     explicit ConstBufferStream(const Buffer& buffer) : buffer_{&buffer} {}
 
     void read(std::span<std::uint8_t> destination) override;
     std::size_t readSome(std::span<std::uint8_t> destination) override;
     bool atEnd() override { return position_ == buffer_->size(); }
 
-    /// The end is a valid position; any further one is a `StreamException`.
+    /// A position beyond the end is a `StreamException`.
     void seek(std::uint64_t position) override;
     std::uint64_t tell() override { return position_; }
     std::uint64_t size() override { return buffer_->size(); }
 
-    /// The bytes from the position on, without copying them.
+    /// A view of the bytes from the position on; the position stays.
     std::span<const std::uint8_t> rest() const { return buffer_->data().subspan(position_); }
 
 private:
@@ -29,9 +30,14 @@ private:
     std::size_t position_ = 0; // at most the buffer's size
 };
 
-/// Reads and writes a buffer, which is borrowed, must outlive the stream and grows when written.
+/// Reads and writes a buffer at one common position.
+///
+/// The buffer is borrowed and must outlive the stream. Writing replaces the bytes at the position
+/// and makes the buffer longer where it ends; running out of memory is an `AllocateException`.
+/// Reading past the end and seeking beyond it are a `StreamException`, as in `ConstBufferStream`.
 class BufferStream : public RandomReadWriteStream {
 public:
+    /// A stream at the first byte of `buffer`.
     explicit BufferStream(DynamicBuffer& buffer) : buffer_{&buffer} {}
 
     void read(std::span<std::uint8_t> destination) override;
@@ -47,7 +53,8 @@ private:
     std::size_t position_ = 0; // at most the buffer's size
 };
 
-/// Appends everything up to the end of `source`; memory grows with what arrives.
+/// Appends to `destination` everything up to the end of `source`. Memory grows with the bytes that
+/// arrive; throws what the stream and the buffer throw.
 void readAll(ReadStream& source, IncrementalBuffer& destination);
 
 } // namespace VORN

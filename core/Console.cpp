@@ -22,7 +22,7 @@ void complain(std::string_view text) {
 }
 
 void complainOfNoMemory() noexcept {
-    // No stream of this family: what it throws would take memory.
+    // Not through `standardError`: its exceptions would need memory.
     constexpr std::string_view kLine =
         "VORN class VORN::AllocateException: Failed to allocate failure report. \n";
     std::cerr.write(kLine.data(), kLine.size());

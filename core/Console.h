@@ -9,15 +9,15 @@ namespace VORN {
 /// A stream over the program's standard output.
 CppOutStream standardOutput();
 
-/// A stream over the program's standard error, which holds nothing back.
+/// A stream over the program's standard error, which is not buffered.
 CppOutStream standardError();
 
 /// Writes `text` and an end of line to standard error, in one piece.
 ///
-/// A complaint that cannot be written is dropped: there is nobody left to be told.
+/// A line that cannot be written is dropped, as there is no other place to report it.
 void complain(std::string_view text);
 
-/// Writes one line that tells of a failure for whose report there is no memory; takes none itself.
+/// Writes the line that stands for a failure which there is no memory to report. Allocates nothing.
 void complainOfNoMemory() noexcept;
 
 } // namespace VORN

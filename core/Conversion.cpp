@@ -2,6 +2,7 @@
 
 #include "core/Exception.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -11,13 +12,14 @@ namespace VORN::Text {
 
 namespace {
 
-/// Takes the digits at the front of `text` away and tells whether there were any.
+/// Removes the digits at the front of `text`; returns whether there were any.
 bool takeDigits(std::string_view& text) {
     const std::size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
     text.remove_prefix(count);
     return count > 0;
 }
 
+/// Removes the first character of `text` if it is one of `choices`; returns whether it was.
 bool takeOneOf(std::string_view& text, std::string_view choices) {
     if (text.empty() || choices.find(text.front()) == std::string_view::npos)
         return false;
@@ -25,6 +27,7 @@ bool takeOneOf(std::string_view& text, std::string_view choices) {
     return true;
 }
 
+/// Whether `text` is a decimal number: sign, digits with a point, exponent.
 bool isDecimal(std::string_view text) {
     takeOneOf(text, "+-");
     bool hasDigits = takeDigits(text);

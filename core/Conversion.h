@@ -6,19 +6,20 @@
 
 namespace VORN::Text {
 
-/// The number that decimal digits stand for, 0 to 4294967295, without sign.
+/// Converts decimal digits without sign to a number from 0 to 4294967295.
 ///
-/// Anything else is a `ConversionException` with the target "unsigned int".
+/// Any other text is a `ConversionException` with the target "unsigned int".
 std::uint32_t toUnsigned(std::string_view text);
 
-/// The nearest single-precision number to a decimal with optional sign, fraction and exponent.
+/// Converts a decimal number, with or without sign, fraction and exponent, to the nearest number of
+/// single precision.
 ///
-/// Anything else, and what is too large to be finite, is a `ConversionException` with the target
+/// Any other text, and a number too large to be finite, is a `ConversionException` with the target
 /// "float".
 float toFloat(std::string_view text);
 
-/// `value` with six significant digits and without trailing zeros, as a standard output stream
-/// writes it by default.
+/// Writes `value` with six significant digits and without trailing zeros, as a standard output
+/// stream does by default.
 std::string toText(float value);
 
 } // namespace VORN::Text

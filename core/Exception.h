@@ -20,6 +20,7 @@ constexpr Origin kNoOrigin{};
 /// Root of every failure the program reports; each class composes its message from its fields.
 class Exception {
 public:
+    /// `origin` is shown with the message if it is known; the program itself gives `kNoOrigin`.
     explicit Exception(Origin origin) : origin_{origin} {}
     Exception(const Exception&) = default;
     Exception& operator=(const Exception&) = default;
@@ -36,11 +37,12 @@ private:
     Origin origin_;
 };
 
-/// The line by which `exception` is shown, its end of line included: the context, if any, the class
-/// name, the origin, if known, and the message. Without memory for it, `std::bad_alloc`.
+/// Composes the line that shows `exception` to the user, its end of line included: the context
+/// unless it is empty, the class name, the origin if it is known, and the message. Running out of
+/// memory is a `std::bad_alloc`.
 std::string printedForm(const Exception& exception, const std::string& context);
 
-/// Supplies `clone` for `Derived`, which derives from it in place of `Base`.
+/// Supplies `clone`: an exception `Derived` derives from this instead of deriving from `Base`.
 template <class Derived, class Base = Exception>
 class Clonable : public Base {
 public:
@@ -53,6 +55,7 @@ public:
 /// A complete sentence as it is to be shown.
 class WhatException : public Clonable<WhatException> {
 public:
+    /// `text` is the whole message.
     WhatException(Origin origin, std::string text) : Clonable{origin}, text_{std::move(text)} {}
     void write(std::ostream& out) const override;
 
@@ -69,6 +72,7 @@ public:
 /// An exception of the standard library, carried over into this family.
 class CppException : public Clonable<CppException> {
 public:
+    /// `what` is the other exception's own text, `type` its class as `className` spells it.
     CppException(Origin origin, std::string what, std::string type)
         : Clonable{origin},
           what_{std::move(what)},
@@ -83,13 +87,14 @@ private:
 /// A feature that the program does not implement.
 class SupportException : public Clonable<SupportException> {
 public:
+    /// `subject` is a noun phrase, such as "PNG interlace method 1".
     SupportException(Origin origin, std::string subject)
         : Clonable{origin},
           subject_{std::move(subject)} {}
     void write(std::ostream& out) const override;
 
 private:
-    std::string subject_; // a noun phrase, such as "PNG interlace method 1"
+    std::string subject_;
 };
 
 /// An iterator that does not point to an element.
@@ -106,9 +111,10 @@ public:
     void write(std::ostream& out) const override;
 };
 
-/// Data that ends where `expected`, a noun phrase, should follow.
+/// Data that ends too early.
 class UnexpectedEndException : public Clonable<UnexpectedEndException> {
 public:
+    /// `expected` is a noun phrase: what should have followed.
     UnexpectedEndException(Origin origin, std::string expected)
         : Clonable{origin},
           expected_{std::move(expected)} {}
@@ -121,6 +127,7 @@ private:
 /// A text that does not follow the grammar of what it should hold.
 class ParseException : public Clonable<ParseException> {
 public:
+    /// `text` is what was read, `target` what it should have been, such as "palette entry".
     ParseException(Origin origin, std::string text, std::string target)
         : Clonable{origin},
           text_{std::move(text)},
@@ -132,9 +139,10 @@ private:
     std::string target_;
 };
 
-/// A value in the place of `expectation`, such as "a palette symbol".
+/// A value that is not of the kind that is wanted in its place.
 class UnexpectedValueException : public Clonable<UnexpectedValueException> {
 public:
+    /// `expectation` is a noun phrase, such as "a palette symbol".
     UnexpectedValueException(Origin origin, std::string value, std::string expectation)
         : Clonable{origin},
           value_{std::move(value)},
@@ -146,9 +154,10 @@ private:
     std::string expectation_;
 };
 
-/// Something used before it was given what it works on.
+/// An object that is used before it was given what it needs.
 class UninitializedException : public Clonable<UninitializedException> {
 public:
+    /// `subject` names what is missing, such as "Stream pump source".
     UninitializedException(Origin origin, std::string subject)
         : Clonable{origin},
           subject_{std::move(subject)} {}
@@ -158,9 +167,10 @@ private:
     std::string subject_;
 };
 
-/// Something that may not be used in that way; `reason` is what follows "because".
+/// A way of access that is not allowed.
 class AccessException : public Clonable<AccessException> {
 public:
+    /// The message reads: failed to access `subject` because `reason`.
     AccessException(Origin origin, std::string subject, std::string reason)
         : Clonable{origin},
           subject_{std::move(subject)},
@@ -172,9 +182,10 @@ private:
     std::string reason_;
 };
 
-/// Something of the system that is not to be had.
+/// A resource of the system that could not be acquired.
 class AcquireException : public Clonable<AcquireException> {
 public:
+    /// `subject` names the resource.
     AcquireException(Origin origin, std::string subject)
         : Clonable{origin},
           subject_{std::move(subject)} {}
@@ -184,9 +195,11 @@ private:
     std::string subject_;
 };
 
-/// Something that cannot be given back. Deliberately words its message as `AcquireException`.
+/// A resource of the system that could not be released. Deliberately, its message is worded like
+/// that of `AcquireException`.
 class ReleaseException : public Clonable<ReleaseException> {
 public:
+    /// `subject` names the resource.
     ReleaseException(Origin origin, std::string subject)
         : Clonable{origin},
           subject_{std::move(subject)} {}
@@ -196,9 +209,10 @@ private:
     std::string subject_;
 };
 
-/// Memory that is not to be had.
+/// Memory that could not be allocated.
 class AllocateException : public Clonable<AllocateException> {
 public:
+    /// `subject` names what the memory was for, or how much was asked for.
     AllocateException(Origin origin, std::string subject)
         : Clonable{origin},
           subject_{std::move(subject)} {}
@@ -212,6 +226,7 @@ private:
 template <class T>
 class NotFoundException : public Clonable<NotFoundException<T>> {
 public:
+    /// `item` is the key, `container` a noun that names where it was looked for.
     NotFoundException(Origin origin, T item, std::string container)
         : Clonable<NotFoundException>{origin},
           item_{std::move(item)},
@@ -225,10 +240,11 @@ private:
     std::string container_;
 };
 
-/// A value beyond its bound; values of type unsigned char are deliberately shown as characters.
+/// A value beyond its bound. Deliberately, values of type unsigned char are shown as characters.
 template <class T>
 class BoundException : public Clonable<BoundException<T>> {
 public:
+    /// Whether `bound` itself is allowed is up to the place that throws.
     BoundException(Origin origin, T value, T bound)
         : Clonable<BoundException>{origin},
           value_{value},
@@ -246,7 +262,8 @@ private:
     T bound_;
 };
 
-/// More space asked for than there is; the fields are `requested` and `available`.
+/// More space asked for than there is. The value is the space requested, the bound what is
+/// available.
 template <class T>
 class SpaceException : public Clonable<SpaceException<T>, BoundException<T>> {
 public:
@@ -257,7 +274,7 @@ public:
     }
 };
 
-/// A package that cannot be used as it is, with the failure that showed it, if any.
+/// A package of resources that cannot be used because it is damaged.
 class ArchiveImpairedException : public Clonable<ArchiveImpairedException> {
 public:
     /// The states that reading a package may end in.
@@ -272,11 +289,14 @@ public:
         CrcMissmatch,
     };
 
+    /// `state` is a `State`; any other number is shown as "not recognized". `previous` is the
+    /// failure behind this one, if there is one.
     ArchiveImpairedException(Origin origin, std::int32_t state,
                              std::unique_ptr<Exception> previous = nullptr)
         : Clonable{origin},
           state_{state},
           previous_{std::move(previous)} {}
+    /// Clones the failure behind it, too.
     ArchiveImpairedException(const ArchiveImpairedException& other);
     void write(std::ostream& out) const override;
 
@@ -285,12 +305,14 @@ private:
     std::unique_ptr<Exception> previous_; // may be null
 };
 
-/// Scanners that match sequences of `Symbol`.
+/// The family of what matches patterns in sequences of `Symbol`; so far only its failure exists.
 template <class Symbol>
 class Match {
 public:
+    /// A pattern that matched more or less often than it should.
     class UnexpectedNumberOfMatches : public Clonable<UnexpectedNumberOfMatches> {
     public:
+        /// `got` matches were found, `expected` were wanted.
         UnexpectedNumberOfMatches(Origin origin, std::uint32_t got, std::uint32_t expected)
             : Clonable<UnexpectedNumberOfMatches>{origin},
               got_{got},
@@ -307,9 +329,10 @@ public:
 
 namespace Text {
 
-/// A text that does not convert whole to `target`.
+/// A text that cannot be converted, or only its beginning.
 class ConversionException : public Clonable<ConversionException> {
 public:
+    /// `target` is the type that was wanted, such as "unsigned int".
     ConversionException(Origin origin, std::string text, std::string target)
         : Clonable{origin},
           text_{std::move(text)},
@@ -318,7 +341,7 @@ public:
 
 private:
     std::string text_;
-    std::string target_; // such as "unsigned int"
+    std::string target_;
 };
 
 } // namespace Text
@@ -341,6 +364,7 @@ public:
 /// Data or a request that violates a format.
 class FormatException : public Clonable<FormatException> {
 public:
+    /// `format` is "NetPBM", "png", "deflate", "jpeg" or "native"; `detail` says what is wrong.
     FormatException(Origin origin, std::string format, std::string detail)
         : Clonable{origin},
           format_{std::move(format)},
@@ -348,7 +372,7 @@ public:
     void write(std::ostream& out) const override;
 
 private:
-    std::string format_; // "NetPBM", "png", "deflate" or "jpeg"
+    std::string format_;
     std::string detail_;
 };
 

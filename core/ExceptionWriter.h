@@ -8,11 +8,11 @@
 
 namespace VORN {
 
-/// Receives exceptions that nobody else could deal with.
+/// Receives exceptions that no other code could handle.
 class ExceptionHandler {
 public:
     virtual ~ExceptionHandler() = default;
-    /// `context` tells what was being done, and may be empty.
+    /// Reports `exception`. `context` tells what was being done; it may be empty.
     virtual void handle(const Exception& exception, const std::string& context) = 0;
 };
 
@@ -22,7 +22,8 @@ public:
     /// `out` is borrowed and must outlive the writer.
     explicit ExceptionWriter(WriteStream& out) : writer_{out} {}
 
-    /// Composes the whole line before any of it is written.
+    /// Writes the line of `printedForm` and flushes. It is composed as a whole before its first
+    /// byte is written; throws what the stream throws, and `std::bad_alloc`.
     void handle(const Exception& exception, const std::string& context) override;
     unsigned count() const { return count_; }
 

@@ -4,11 +4,13 @@
 
 namespace VORN {
 
-/// An ellipsoid with its axes along the coordinate axes, its surface included.
+/// An ellipsoid whose axes are parallel to the coordinate axes; its surface belongs to it.
 template <std::size_t N, class T>
 class Hyperellipsoid : public Serializable {
 public:
+    /// A single point, the origin.
     Hyperellipsoid() = default;
+    /// `semiAxes` holds the radius along each coordinate axis.
     Hyperellipsoid(const Point<N, T>& centre, const Vector<N, T>& semiAxes)
         : centre_{centre},
           semiAxes_{semiAxes} {}

@@ -6,11 +6,14 @@
 
 namespace VORN {
 
-/// A box, from its origin up to, but not including, origin + extent.
+/// A box whose sides are parallel to the coordinate axes. It begins at its origin, which belongs to
+/// it, and ends at origin + extent, which does not.
 template <std::size_t N, class T>
 class Hyperrectangle : public Serializable {
 public:
+    /// An empty box at the origin.
     Hyperrectangle() = default;
+    /// `extent` holds the length along each axis.
     Hyperrectangle(const Point<N, T>& origin, const Vector<N, T>& extent)
         : origin_{origin},
           extent_{extent} {}
@@ -18,7 +21,7 @@ public:
     const Point<N, T>& origin() const { return origin_; }
     const Vector<N, T>& extent() const { return extent_; }
 
-    /// origin + extent * 0.5.
+    /// The middle: origin + extent * 0.5.
     Point<N, T> centre() const
         requires std::floating_point<T>
     {

@@ -4,9 +4,9 @@
 #include "core/Signal.h"
 #include "core/Tuple.h"
 
-// The instances of the numeric containers that the library offers, whether the program uses them or
-// not: compiled here, so that none can break unseen. Where an instance only inherits its members,
-// its base is named as well.
+// The library offers these instances of its numeric containers. The program does not use them all,
+// so all are compiled here: none can break unnoticed. Where an instance only inherits its members,
+// its base is listed as well.
 namespace VORN {
 
 template class Tuple<1, unsigned>;

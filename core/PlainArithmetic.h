@@ -4,8 +4,8 @@
 #include <limits>
 
 // Outputs are the same to the byte on every machine because each operation on floats is rounded as
-// IEEE 754 says. A build that computes otherwise is refused here; what includes this depends on it.
-// Contraction to fused multiply-add cannot be seen from here, CMakeLists.txt switches it off.
+// IEEE 754 says. This header refuses to compile where that does not hold; code that depends on it
+// includes this. Fused multiply-add cannot be detected here; CMakeLists.txt switches it off.
 
 #if defined(__FAST_MATH__) || defined(__ASSOCIATIVE_MATH__) || defined(__RECIPROCAL_MATH__) ||     \
     (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__)

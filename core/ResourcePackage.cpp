@@ -7,6 +7,7 @@
 #include "core/Serialization.h"
 
 #include <algorithm>
+#include <map>
 
 namespace VORN {
 
@@ -23,6 +24,7 @@ public:
     using ConstBufferStream::size;
 };
 
+/// The bytes of the resource with these attributes; throws if they are not all in the package.
 std::span<const std::uint8_t> locate(std::span<const std::uint8_t> package,
                                      const std::map<std::string, std::string>& attributes) {
     const std::size_t offset = Text::toUnsigned(attributes.at("offset"));

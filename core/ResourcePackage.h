@@ -12,7 +12,7 @@ namespace VORN {
 /// The package of builtin palettes, laid out by resources/generatePackage.cpp during the build.
 std::span<const std::uint8_t> builtinPackage();
 
-/// Read-only named texts that lie back to back in one run of bytes.
+/// Read-only resources with names, stored one behind the other in one block of bytes.
 ///
 /// The package begins with the four bytes of `kLeader`, the index (the number of entries, then per
 /// entry its name and its attributes "offset" and "size" in decimal, as `Serializer` writes them)
@@ -21,13 +21,15 @@ class ResourcePackage {
 public:
     static constexpr std::uint32_t kLeader = 0x314B5056; // "VPK1"
 
+    /// A resource; its bytes lie in the package.
     struct Entry {
         std::string name;
         std::span<const std::uint8_t> bytes;
     };
 
-    /// `package` is borrowed and must outlive this and every stream that `open` returns. Throws
-    /// `ArchiveImpairedException` when it is not what the class comment says.
+    /// Reads the index. `package` is borrowed and must outlive this object and every stream that
+    /// `open` returns. A package that is not laid out as the class comment says is an
+    /// `ArchiveImpairedException`; one that ends within its index throws as `Deserializer` does.
     explicit ResourcePackage(std::span<const std::uint8_t> package);
 
     /// The package inside the program, opened on first use.

@@ -8,10 +8,12 @@
 
 namespace VORN {
 
-/// Visits values of elementary types, one operation per type.
+/// Visits values of elementary types, one operation per type. A visit may read the value, or
+/// replace it: writing and reading an object are then the same walk over its fields.
 class Serialization {
 public:
     virtual ~Serialization() = default;
+    /// Visits `value`; a bool counts as one byte, 0 or 1. The same holds for the types below.
     virtual void process(bool& value) = 0;
     virtual void process(char& value) = 0;
     virtual void process(signed char& value) = 0;
@@ -29,8 +31,8 @@ public:
     virtual void process(long double& value) = 0;
 };
 
-/// Implements every operation of `Serialization` by `transfer`, which is handed the value's bytes,
-/// least significant first.
+/// Implements every operation of `Serialization` by one, `transfer`, which gets the bytes of the
+/// value with the least significant first, whatever the order of the machine.
 class ByteSerialization : public Serialization {
 public:
     void process(bool& value) override;
@@ -50,7 +52,7 @@ public:
     void process(long double& value) override;
 
 protected:
-    /// May read or change the bytes.
+    /// Reads or replaces the bytes of one value; those that are left there become the value.
     virtual void transfer(std::span<std::uint8_t> bytes) = 0;
 
 private:
@@ -58,9 +60,11 @@ private:
     void processBytes(T& value);
 };
 
-/// Writes values least significant byte first. The stream is borrowed and must outlive it.
+/// Writes values, least significant byte first. The stream is borrowed and must outlive the
+/// serializer; it is not flushed, and what it throws passes through.
 class Serializer : public ByteSerialization {
 public:
+    /// A serializer that writes to `out`.
     explicit Serializer(WriteStream& out) : out_{&out} {}
 
     /// Writes a copy of `value`.
@@ -80,11 +84,13 @@ private:
     WriteStream* out_;
 };
 
-/// Reads what `Serializer` wrote. The stream is borrowed and must outlive it.
+/// Reads what `Serializer` wrote. The stream is borrowed and must outlive the deserializer; data
+/// that ends early is the stream's own `StreamException`.
 ///
-/// Memory grows with the bytes that arrive, whatever a length claims.
+/// Memory grows with the bytes that arrive, whatever length the data claims.
 class Deserializer : public ByteSerialization {
 public:
+    /// A deserializer that reads from `in`.
     explicit Deserializer(ReadStream& in) : in_{&in} {}
 
     /// The next value of type `T`.
@@ -94,9 +100,9 @@ public:
         process(value);
         return value;
     }
-    /// What `put` wrote of a text.
+    /// The next text, as `put` wrote it.
     std::string getText();
-    /// What `put` wrote of a map; of keys that are there more than once the last value stays.
+    /// The next map, as `put` wrote it. If a key appears more than once, its last value counts.
     std::map<std::string, std::string> getMap();
 
 protected:
@@ -106,7 +112,7 @@ private:
     ReadStream* in_;
 };
 
-/// Turns the byte order of every value around in place.
+/// Reverses the byte order of every value in place.
 class SwapEndianess : public ByteSerialization {
 protected:
     void transfer(std::span<std::uint8_t> bytes) override;
@@ -116,17 +122,17 @@ protected:
 class Serializable {
 public:
     virtual ~Serializable() = default;
+    /// Writes the object's fields; throws what the stream throws.
     virtual void serialize(Serializer& out) const = 0;
 };
 
-/// The number that four bytes, most significant first, stand for, as the formats of others have
-/// them.
+/// The number in four bytes, most significant first, as foreign file formats store it.
 constexpr std::uint32_t fromBigEndian(std::span<const std::uint8_t, 4> bytes) {
     return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 |
            std::uint32_t{bytes[2]} << 8 | std::uint32_t{bytes[3]};
 }
 
-/// The same four bytes for a number.
+/// The four bytes of a number, most significant first.
 constexpr std::array<std::uint8_t, 4> toBigEndian(std::uint32_t value) {
     return {static_cast<std::uint8_t>(value >> 24), static_cast<std::uint8_t>(value >> 16),
             static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)};

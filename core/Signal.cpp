@@ -1,5 +1,6 @@
 #include "core/Signal.h"
 
+#include <algorithm>
 #include <array>
 
 namespace VORN {

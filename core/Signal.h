@@ -4,13 +4,15 @@
 #include "core/Exception.h"
 #include "core/Tuple.h"
 
-#include <algorithm>
+#include <concepts>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace VORN {
 
-/// The number of samples of a signal; one beyond 64 bits is an `AllocateException`.
+/// The number of samples in a signal of that size; more than 64 bits can count are an
+/// `AllocateException`.
 template <std::size_t N, class S>
 std::uint64_t sampleCount(const TupleBase<N, unsigned, S>& size) {
     CheckedSize count = 1;
@@ -26,25 +28,32 @@ std::uint64_t sampleCount(const TupleBase<N, unsigned, S>& size) {
 template <std::size_t N, class T, class P>
 class SignalBase {
 public:
+    /// A signal without samples.
     SignalBase() = default;
+    /// The signal of that size at `samples`, which must outlive it.
     SignalBase(const Tuple<N, unsigned>& size, P samples) : size_{size}, samples_{samples} {}
 
     const Tuple<N, unsigned>& size() const { return size_; }
+    /// The number of samples.
     std::size_t count() const { return static_cast<std::size_t>(sampleCount(size_)); }
 
-    /// All samples; `flat` indices count from 0 in storage order.
+    /// All samples in storage order.
     std::span<const T> samples() const { return {samples_, count()}; }
+    /// The sample number `flat` in storage order, from 0 on; not checked.
     const T& operator[](std::size_t flat) const { return samples_[flat]; }
+    /// The sample at `index`, which is below the size in each dimension; not checked.
     const T& operator[](const Tuple<N, unsigned>& index) const { return samples_[flatten(index)]; }
 
 protected:
     P data() const { return samples_; }
+    /// The number of the sample at `index` in storage order.
     std::size_t flatten(const Tuple<N, unsigned>& index) const {
         std::size_t flat = 0;
         for (std::size_t i = N; i-- > 0;)
             flat = flat * size_[i] + index[i];
         return flat;
     }
+    /// Makes this the signal of that size at `samples`, which must outlive it.
     void refer(const Tuple<N, unsigned>& size, P samples) {
         size_ = size;
         samples_ = samples;
@@ -55,7 +64,8 @@ private:
     P samples_ = nullptr;
 };
 
-/// A signal whose samples can be changed, and its size too where it owns them.
+/// A signal whose samples can be changed and which can be written. One that owns its samples can
+/// also change its size.
 template <std::size_t N, class T, class P>
 class SinglaBaseSerializable : public SignalBase<N, T, P>, public Serializable {
 public:
@@ -63,20 +73,24 @@ public:
     using SignalBase<N, T, P>::samples;
     using SignalBase<N, T, P>::operator[];
 
+    /// As the operations of the base, for samples that are to be changed.
     std::span<T> samples() { return {this->data(), this->count()}; }
+    /// As above.
     T& operator[](std::size_t flat) { return this->data()[flat]; }
+    /// As above.
     T& operator[](const Tuple<N, unsigned>& index) { return this->data()[this->flatten(index)]; }
 
-    /// Sets a new size; the samples keep their flat indices as far as there is room, new ones have
-    /// no defined value.
+    /// Sets a new size. Samples keep their number in storage order as far as there is room; new
+    /// ones have no defined value.
     virtual void Resize(const Tuple<N, unsigned>& size) = 0;
 
-    /// Exchanges the dimensions `a` and `b`, size and samples; equal ones, whatever they are, stay
-    /// as they are. One above 2 is a `BoundException`, of the smaller one where both are.
+    /// Exchanges the dimensions `a` and `b`: their sizes, and the samples with them. Nothing
+    /// happens if they are equal, whatever their value. A dimension above 2 is a `BoundException`;
+    /// if both are above, it names the smaller one.
     void SwapDimensions(unsigned a, unsigned b)
         requires(N == 3 && std::same_as<T, unsigned char>);
-    /// New dimension k becomes old dimension `order[k]`; what is not a permutation of 0, 1, 2 is an
-    /// `UnexpectedValueException`.
+    /// Reorders the dimensions: new dimension k is old dimension `order[k]`. An order that is no
+    /// permutation of 0, 1 and 2 is an `UnexpectedValueException`.
     void Permute(const Tuple<3, unsigned>& order)
         requires(N == 3 && std::same_as<T, unsigned char>);
 
@@ -91,13 +105,18 @@ public:
 template <std::size_t N, class T>
 class Signal : public SinglaBaseSerializable<N, T, T*> {
 public:
+    /// A signal without samples.
     Signal() = default;
+    /// A signal of that size; too large a one is an `AllocateException` or a `std::bad_alloc`.
     explicit Signal(const Tuple<N, unsigned>& size) { Signal::Resize(size); }
+    /// Copies the samples.
     Signal(const Signal& other) : storage_{other.storage_} { refer(other.size()); }
+    /// Takes over the samples; `other` has none afterwards.
     Signal(Signal&& other) noexcept : storage_{std::move(other.storage_)} {
         refer(other.size());
         other.refer({});
     }
+    /// Takes over the samples of the argument, which is a copy unless it was moved.
     Signal& operator=(Signal other) noexcept {
         storage_.swap(other.storage_);
         refer(other.size());
@@ -121,13 +140,13 @@ private:
     std::vector<T> storage_;
 };
 
-/// Samples owned elsewhere, which must outlive the view; its size can only stay as it is.
+/// View of samples owned elsewhere, which must outlive it. Samples can be changed, the size cannot.
 template <std::size_t N, class T>
 class SignalBorrow : public SinglaBaseSerializable<N, T, T*> {
 public:
     using SinglaBaseSerializable<N, T, T*>::SinglaBaseSerializable;
 
-    /// Any size but its own is a `SignalSizeException`.
+    /// Any size but the present one is a `SignalSizeException`.
     void Resize(const Tuple<N, unsigned>& size) override {
         if (!(size == this->size()))
             throw SignalSizeException{kNoOrigin};
@@ -139,6 +158,7 @@ template <std::size_t N, class T>
 class SignalConstBorrow : public SignalBase<N, T, const T*> {
 public:
     using SignalBase<N, T, const T*>::SignalBase;
+    /// A view of all samples of `signal`.
     template <class P>
     explicit SignalConstBorrow(const SignalBase<N, T, P>& signal)
         : SignalBase<N, T, const T*>{signal.size(), signal.samples().data()} {}

@@ -3,28 +3,31 @@
 #include "core/PlainArithmetic.h"
 #include "core/Serialization.h"
 
-#include <array>
 #include <concepts>
 #include <cstddef>
 #include <type_traits>
 
 namespace VORN {
 
-/// N numbers of type T, stored as S: an owned array T[N], or a pointer to constants kept elsewhere
-/// that must outlive the tuple.
+/// N numbers of type T, stored as S: an array T[N] of its own, or a pointer to constants that are
+/// owned elsewhere and must outlive the tuple.
 template <std::size_t N, class T, class S>
 class TupleBase {
 public:
+    /// All numbers 0; a borrowing tuple must not be used before another is assigned to it.
     TupleBase() = default;
+    /// Borrows the N numbers at `borrowed`.
     explicit TupleBase(const T* borrowed)
         requires std::is_pointer_v<S>
         : components_{borrowed} {}
+    /// Takes exactly N numbers, each converted to T.
     template <std::convertible_to<T>... Values>
         requires(std::is_array_v<S> && sizeof...(Values) == N)
     explicit(N == 1) TupleBase(Values... values) : components_{static_cast<T>(values)...} {}
 
-    /// `index` is 0 to N - 1.
+    /// Component `index`, 0 to N - 1; not checked.
     const T& operator[](std::size_t index) const { return components_[index]; }
+    /// As above, to be changed.
     T& operator[](std::size_t index)
         requires std::is_array_v<S>
     {
@@ -36,6 +39,7 @@ private:
     S components_{};
 };
 
+/// Whether all components are equal, however they are stored.
 template <std::size_t N, class T, class S, class R>
 bool operator==(const TupleBase<N, T, S>& a, const TupleBase<N, T, R>& b) {
     for (std::size_t i = 0; i < N; ++i)
@@ -65,7 +69,7 @@ void serializeComponents(const TupleBase<N, T, S>& tuple, Serializer& out) {
         out.put(tuple[i]);
 }
 
-/// A tuple that can be written; the vector and the point below likewise.
+/// A tuple that can write itself.
 template <std::size_t N, class T, class S>
 class TupleBaseSerializable : public TupleBase<N, T, S>, public Serializable {
 public:
@@ -73,6 +77,7 @@ public:
     void serialize(Serializer& out) const override { serializeComponents(*this, out); }
 };
 
+/// A vector that can write itself.
 template <std::size_t N, class T, class S>
 class VectorBaseSerializable : public VectorBase<N, T, S>, public Serializable {
 public:
@@ -80,6 +85,7 @@ public:
     void serialize(Serializer& out) const override { serializeComponents(*this, out); }
 };
 
+/// A point that can write itself.
 template <std::size_t N, class T, class S>
 class PointBaseSerializable : public PointBase<N, T, S>, public Serializable {
 public:
@@ -87,7 +93,7 @@ public:
     void serialize(Serializer& out) const override { serializeComponents(*this, out); }
 };
 
-/// N numbers of its own, all 0 unless given.
+/// N numbers that the tuple owns, all 0 unless given.
 template <std::size_t N, class T>
 class Tuple : public TupleBaseSerializable<N, T, T[N]> {
 public:
@@ -112,7 +118,9 @@ public:
 template <std::size_t N, class T>
 class TupleConstBorrow : public TupleBase<N, T, const T*> {
 public:
+    /// Views the N numbers at `components`.
     explicit TupleConstBorrow(const T* components) : TupleBase<N, T, const T*>{components} {}
+    /// Views the components of `tuple`.
     template <class S>
     explicit TupleConstBorrow(const TupleBase<N, T, S>& tuple) : TupleConstBorrow{tuple.data()} {}
 };
@@ -121,7 +129,9 @@ public:
 template <std::size_t N, class T>
 class VectorConstBorrow : public VectorBase<N, T, const T*> {
 public:
+    /// Views the N numbers at `components`.
     explicit VectorConstBorrow(const T* components) : VectorBase<N, T, const T*>{components} {}
+    /// Views the components of `vector`.
     template <class S>
     explicit VectorConstBorrow(const VectorBase<N, T, S>& vector)
         : VectorConstBorrow{vector.data()} {}
@@ -131,12 +141,14 @@ public:
 template <std::size_t B, std::size_t E, class T>
 class TupleConstSlice : public TupleConstBorrow<E - B, T> {
 public:
+    /// Views the components B to E - 1 of `tuple`.
     template <std::size_t N, class S>
         requires(B < E && E <= N)
     explicit TupleConstSlice(const TupleBase<N, T, S>& tuple)
         : TupleConstBorrow<E - B, T>{tuple.data() + B} {}
 };
 
+/// The vector from `b` to `a`.
 template <std::size_t N, class T, class S, class R>
 Vector<N, T> operator-(const PointBase<N, T, S>& a, const PointBase<N, T, R>& b) {
     Vector<N, T> difference;
@@ -145,6 +157,7 @@ Vector<N, T> operator-(const PointBase<N, T, S>& a, const PointBase<N, T, R>& b)
     return difference;
 }
 
+/// `point` moved by `vector`.
 template <std::size_t N, class T, class S, class R>
 Point<N, T> operator+(const PointBase<N, T, S>& point, const VectorBase<N, T, R>& vector) {
     Point<N, T> sum;
@@ -153,6 +166,7 @@ Point<N, T> operator+(const PointBase<N, T, S>& point, const VectorBase<N, T, R>
     return sum;
 }
 
+/// `vector` with each component multiplied by `scalar`.
 template <std::size_t N, class T, class S>
 Vector<N, T> operator*(const VectorBase<N, T, S>& vector, T scalar) {
     Vector<N, T> product;

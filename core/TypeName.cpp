@@ -12,8 +12,8 @@ namespace VORN {
 
 namespace {
 
-/// How the standard libraries spell the string, to be replaced in this order. The blank that keeps
-/// the brackets of nested templates apart goes with a bracket.
+/// The standard libraries' spellings of the string, to be replaced in this order. Some put a blank
+/// between the closing brackets of nested templates; it goes as well.
 constexpr std::pair<std::string_view, std::string_view> kSpellings[] = {
     {"std::__1::", "std::"},
     {"std::__cxx11::basic_string<char, ", "std::basic_string<char, "},

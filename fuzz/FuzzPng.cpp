@@ -81,8 +81,8 @@ Bytes repaired(Bytes file) {
     return file;
 }
 
-/// Whether indices of more than 8 bits were replaced by colours of one byte a channel, which is less
-/// than the metadata tells; who reads the picture refuses it then.
+/// Whether indices of more than 8 bits were replaced by colours of one byte a channel, which is
+/// less than the metadata tells; who reads the picture refuses it then.
 bool isShortened(const Import& found) {
     const ImageMetadata& metadata = found.metadata;
     return metadata.type.bits > 8 && metadata.channels == 3 &&

@@ -17,11 +17,11 @@ namespace VORN::Migration {
 
 namespace {
 
-/// A codec deriving from `Base`, and the files it is for.
+/// A codec, an importer or exporter as `Base` says, and the files that it is for.
 template <class Base>
 struct Codec {
-    std::array<std::string_view, 5> extensions; // in lower case; empty ones stand for nothing
-    std::string_view signature;                 // how every file begins; empty: not looked for
+    std::array<std::string_view, 5> extensions; // in lower case, then empty ones
+    std::string_view signature;                 // the first bytes of every file; empty: not used
     std::unique_ptr<Base> (*create)();
 };
 
@@ -30,7 +30,7 @@ std::unique_ptr<Base> create() {
     return std::make_unique<Derived>();
 }
 
-constexpr std::size_t kSignatureBytes = 8; // of the longest
+constexpr std::size_t kSignatureBytes = 8; // of the longest signature
 
 constexpr Codec<DataImporter> kImporters[] = {
     {{"pbm", "pgm", "ppm", "pam", "pnm"}, "", create<DataImporter, NetPBMImporter>},
@@ -43,7 +43,7 @@ constexpr Codec<DataExporter> kExporters[] = {
     {{"png"}, "", create<DataExporter, PNGExporter>},
 };
 
-/// What follows the last full stop, in lower case; empty when there is none.
+/// The text behind the last full stop, in lower case; empty if there is no full stop.
 std::string extensionOf(std::string_view fileName) {
     const std::size_t stop = fileName.rfind('.');
     if (stop == std::string_view::npos)
@@ -66,7 +66,7 @@ std::unique_ptr<Base> codecByExtension(std::span<const Codec<Base>> codecs,
     return nullptr;
 }
 
-/// The first bytes of the stream, fewer when it is shorter.
+/// The first `kSignatureBytes` bytes of the stream, or all if there are fewer.
 std::string readSignature(ReadStream& stream) {
     std::array<std::uint8_t, kSignatureBytes> bytes;
     std::size_t count = 0;

@@ -9,20 +9,24 @@
 
 namespace VORN::Migration {
 
-/// The importer that the extension of `fileName` stands for, in any case of letters, or null.
+/// An importer for the extension of `fileName`, upper or lower case; null if the extension is not
+/// known.
 std::unique_ptr<DataImporter> importerByExtension(std::string_view fileName);
 
-/// The importer for what `stream` holds, or null; the stream is left at position 0.
+/// An importer for the content of `stream`; null if it is not recognised. The stream is left at
+/// position 0; what it throws passes through.
 ///
-/// PNG, JPEG and the native format are recognised; NetPBM deliberately is not.
+/// PNG, JPEG and the native format are recognised. Deliberately, NetPBM is not.
 std::unique_ptr<DataImporter> importerByContent(RandomReadStream& stream);
 
-/// The importer by extension or, where that gives none, by content; null when neither does.
+/// An importer by extension or, if the extension is not known, by content; null if neither is
+/// known.
 ///
-/// `stream` stands at position 0 afterwards if it did before.
+/// `stream` must stand at position 0, and does so afterwards.
 std::unique_ptr<DataImporter> chooseImporter(std::string_view fileName, RandomReadStream& stream);
 
-/// The exporter that the extension of `fileName` stands for, in any case of letters, or null.
+/// An exporter for the extension of `fileName`, upper or lower case; null if the extension is not
+/// known.
 std::unique_ptr<DataExporter> chooseExporter(std::string_view fileName);
 
 } // namespace VORN::Migration

@@ -42,7 +42,7 @@ void readSamples(ReadStream& in, std::uint64_t count, DynamicBuffer& buffer) {
     std::uint64_t size = 0;
     buffer.resize(0);
     while (size < count) {
-        // At most as much again as there is already.
+        // Asks for at most as many bytes as have arrived so far.
         const std::uint64_t piece = std::min(count - size, std::max(size, kFirstPieceBytes));
         buffer.resize(size + piece);
         in.read(buffer.writableData().subspan(static_cast<std::size_t>(size)));

@@ -10,8 +10,8 @@ namespace VORN::Migration {
 
 namespace {
 
-/// The typed form of `metadata` but for its format, read from its texts unless it has typed fields
-/// already.
+/// `metadata` with typed fields, which are converted from its texts unless it has them already. The
+/// format is left out.
 ImageMetadata typed(const Metadata& metadata) {
     if (const auto* image = dynamic_cast<const ImageMetadata*>(&metadata))
         return *image;
@@ -22,10 +22,10 @@ ImageMetadata typed(const Metadata& metadata) {
     return image;
 }
 
-constexpr const char* kPicture = "picture"; // what has no memory when it is too large
+constexpr const char* kPicture = "picture"; // in the message about too large a size
 
-/// The bytes that `bits` take when rounded up to a multiple of `alignment` bits; without alignment
-/// a part of a byte is dropped.
+/// The number of bytes in `bits` bits, rounded up to a multiple of `alignment` bits. If `alignment`
+/// is 0, they are rounded down to whole bytes instead.
 std::uint64_t alignedBytes(CheckedSize bits, std::uint64_t alignment) {
     const std::uint64_t unaligned = bits.sizeOf(kPicture);
     if (alignment == 0)
@@ -60,7 +60,8 @@ SampleLayout::SampleLayout(const ImageMetadata& metadata)
       sampleBytes{static_cast<std::size_t>((std::uint64_t{metadata.type.bits} + 7) / 8)} {
     const ImageFormatDescriptor descriptor{metadata};
     const std::uint64_t channels = descriptor.channelOffsets.size();
-    // No overflow: at most twice the descriptor's for samples of more than 8 bits, else 2^48.
+    // This cannot overflow: strides are at most 2^48 or, for samples of more than 8 bits, twice
+    // those of the descriptor.
     pixelStride = std::max(descriptor.pixelStride, channels * sampleBytes);
     lineStride = std::max(descriptor.lineStride, pixelStride * width);
     for (const std::uint32_t slot : descriptor.channelOffsets)

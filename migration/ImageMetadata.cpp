@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kAfterBits = "-bit ";
 constexpr std::string_view kKindExpectation =
     "unsigned | two complement | floating point | fixed point | boolean";
-// Names "small endian" although only "little endian" is accepted, deliberately.
+// Deliberately says "small endian", although only "little endian" is accepted.
 constexpr std::string_view kByteOrderExpectation = "big endian | small endian";
 
 /// In the order of `SampleType::Kind`.

@@ -10,28 +10,31 @@ namespace VORN::Migration {
 
 /// How one sample is stored.
 struct SampleType {
+    /// What the bits of a sample mean.
     enum class Kind { Unsigned, TwoComplement, FloatingPoint, Boolean, FixedPoint };
 
     std::uint32_t bits = 8;
     Kind kind = Kind::Unsigned;
     bool bigEndian = false;
 
+    /// Whether all fields are equal.
     bool operator==(const SampleType&) const = default;
 };
 
-/// Such as "8-bit unsigned little endian"; a kind that has no name is "custom".
+/// The text of a sample type, such as "8-bit unsigned little endian". A kind outside of the
+/// enumeration is written as "custom".
 std::string toText(const SampleType& type);
 
-/// Reads what `toText` writes, except for "custom".
+/// The sample type of a text that `toText` wrote; "custom" cannot be read.
 ///
-/// An unknown kind or byte order is a `ParseException`, a bit count that is no number a
+/// An unknown kind or byte order is a `ParseException`; a bit count that does not convert is a
 /// `ConversionException`.
 SampleType parseSampleType(const std::string& text);
 
 /// How the bytes of a picture are laid out, as typed fields.
 ///
 /// The keys "Width", "Height", "Channels", "Type", "Pixel alignment", "Line alignment" and "Format"
-/// are served from the fields; every other key is kept as text. Line 0 of a picture buffer is the
+/// read and write the fields; every other key is kept as text. Line 0 of a picture buffer is the
 /// bottom row of the picture.
 class ImageMetadata : public Metadata {
 public:
@@ -50,7 +53,7 @@ public:
     std::uint32_t lineAlignment = 0;  // bits; 0: lines are not padded
     Format format = Format::Intensity;
 
-    /// A number that does not convert is a `ConversionException`, a type or format that is none a
+    /// A number that does not convert is a `ConversionException`, an unknown type or format a
     /// `ParseException`.
     void set(const std::string& key, const std::string& value) override;
     bool has(const std::string& key) const override;
@@ -58,7 +61,8 @@ public:
     std::vector<std::string> keys() const override;
 };
 
-/// "INTENSITY", "RGBA" or "BGRA"; any other value is an `UnexpectedValueException`.
+/// The text of a format: "INTENSITY", "RGBA" or "BGRA". A value outside of the enumeration is an
+/// `UnexpectedValueException`.
 std::string toText(ImageMetadata::Format format);
 
 } // namespace VORN::Migration

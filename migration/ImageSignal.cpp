@@ -21,7 +21,8 @@ void checkSamples(const ImageMetadata& metadata) {
         throw SupportException{kNoOrigin, "pictures without channels"};
 }
 
-/// The bytes of an imported picture that are kept: one for grey, three for red, green and blue.
+/// Which bytes of an imported picture are kept: one of each pixel for grey, three for red, green
+/// and blue.
 class KeptBytes {
 public:
     KeptBytes(const SampleLayout& layout, const SampleType& type)
@@ -31,16 +32,16 @@ public:
         std::copy_n(layout.offsets.begin(), channels_, offsets_.begin());
     }
 
-    /// Whether these are all bytes of the picture, side by side.
+    /// Whether every byte of the picture is kept and stands in its place already.
     bool isAll() const {
         return scale_ == 1 && layout_->sampleBytes == 1 && layout_->isPacked() &&
                layout_->offsets.size() == channels_ && layout_->lineStride == layout_->rowBytes();
     }
     std::size_t channels() const { return channels_; }
 
-    /// Moves them together within their memory, which holds the picture as its layout says, so that
-    /// its strides are sizes. No pixel takes more bytes than before: every byte moves towards the
-    /// front.
+    /// Moves the kept bytes together at the front of `memory`, which holds the picture as its
+    /// layout says. No pixel gets longer, so every byte moves towards the front. As the picture is
+    /// in memory, its strides fit `std::size_t`.
     void pack(std::span<std::uint8_t> memory) const {
         if (channels_ == 1)
             packChannels<1>(memory.data());
@@ -70,7 +71,7 @@ private:
     std::uint8_t scale_;                                // what each byte is multiplied with
 };
 
-/// Leaves in `buffer` the bytes that are kept; returns their size as a signal.
+/// Reduces `buffer` to the bytes that are kept; returns the size of the signal that they are.
 Tuple<3, unsigned> pack(IncrementalBuffer& buffer, const ImageMetadata& metadata) {
     checkSamples(metadata);
     const SampleLayout layout{metadata};

@@ -6,25 +6,28 @@
 
 namespace VORN::Migration {
 
-/// A picture of samples (channel, x, y) owned elsewhere; y 0 is the bottom row. T is unsigned char.
+/// View of a picture of samples (channel, x, y), with y 0 being the bottom row. T is unsigned char.
 ///
-/// It lies over what an importer filled or a drawing painted, so that no picture exists twice.
+/// The samples stay in the buffer that an importer filled, or in the picture that was drawn. So no
+/// picture ever exists twice.
 template <class T>
 class ImageSignal : public SignalConstBorrow<3, T> {
 public:
-    /// The picture that an importer left in `buffer`, brought there to one byte for grey or three
-    /// for red, green and blue, the pixels side by side. `buffer` must outlive the signal.
+    /// The picture that an importer left in `buffer`, which must outlive the signal. The buffer is
+    /// changed in place: afterwards it holds one byte a pixel for grey or three for red, green and
+    /// blue, without padding.
     ///
-    /// One or two channels are grey, the first of them; a fourth channel is dropped. Of 16-bit
-    /// samples the first byte, the most significant, is kept; 1-bit samples 0 and 1 become 0 and
-    /// 255. Other samples are a `SupportException`, a buffer too small a `SpaceException`.
+    /// Of one or two channels the first is kept, as grey; of more the first three. 16-bit samples
+    /// keep their first byte, the most significant one; 1-bit samples become 0 or 255. Other
+    /// samples, and pictures without channels, are a `SupportException`; too small a buffer is a
+    /// `SpaceException`.
     ImageSignal(IncrementalBuffer& buffer, const ImageMetadata& metadata);
 
-    /// A picture of 1 or 3 channels, which must outlive the signal.
+    /// A view of a picture of 1 or 3 channels, which must outlive the signal.
     explicit ImageSignal(const SignalConstBorrow<3, T>& picture)
         : SignalConstBorrow<3, T>{picture} {}
 
-    /// Writes the picture.
+    /// Writes the picture by `exporter`, whose stream is set; throws what the exporter throws.
     void exportImage(DataExporter& exporter) const;
 };
 

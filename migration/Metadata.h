@@ -8,16 +8,16 @@
 
 namespace VORN::Migration {
 
-/// Texts by key, one per key, keys in byte order.
+/// What is known about a picture: texts by key.
 class Metadata : public Serializable {
 public:
-    /// Writes all keys with their values as a map.
+    /// Writes all keys with their values, as `Serializer` writes a map.
     void serialize(Serializer& out) const override;
-    /// Inserts or replaces.
+    /// Sets the text of `key`, whether it was there or not.
     virtual void set(const std::string& key, const std::string& value);
-    /// Whether the key is there.
+    /// Whether there is a text for `key`.
     virtual bool has(const std::string& key) const;
-    /// A missing key is a `NotFoundException`.
+    /// The text of `key`; a missing key is a `NotFoundException`.
     virtual std::string get(const std::string& key) const;
     /// All keys, in byte order.
     virtual std::vector<std::string> keys() const;

@@ -6,7 +6,7 @@ namespace VORN::Web {
 
 namespace {
 
-/// Takes `token` away from the front of `text` and tells whether it was there.
+/// Removes `token` from the front of `text` if it is there; returns whether it was.
 bool take(std::string_view& text, std::string_view token) {
     if (!text.starts_with(token))
         return false;
@@ -14,7 +14,8 @@ bool take(std::string_view& text, std::string_view token) {
     return true;
 }
 
-/// Takes a placeholder away from the front of `text`; `name` becomes what it names.
+/// Removes a placeholder from the front of `text`, if one is there, and sets `name` to the name in
+/// it. Returns whether there was one.
 bool takePlaceholder(std::string_view& text, std::string& name) {
     if (!text.starts_with("$("))
         return false;

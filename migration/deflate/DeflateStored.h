@@ -5,31 +5,34 @@
 
 namespace VORN::Migration {
 
-/// Writes what is written to it as a DEFLATE stream of stored blocks (RFC 1951, section 3.2.4).
+/// Packs the bytes written to it into a DEFLATE stream of stored blocks, that is, uncompressed (RFC
+/// 1951, section 3.2.4).
 ///
-/// Every block but the last holds `kBlockBytes`. No bytes at all give no block, not even a final
-/// one, deliberately.
+/// Every block but the last holds `kBlockBytes` bytes. Deliberately, no bytes at all make no block,
+/// not even a final one.
 class DeflateStored : public WriteStream {
 public:
     static constexpr std::uint64_t kBlockBytes = 65535;
 
-    /// Exactly `bytes` bytes have to be written. `out` is borrowed and must outlive the writer.
+    /// A writer of a stream of exactly `bytes` bytes. `out` is borrowed and must outlive the
+    /// writer.
     DeflateStored(WriteStream& out, std::uint64_t bytes) : out_{&out}, left_{bytes} {}
 
+    /// No more bytes may be written in all than were announced.
     void write(std::span<const std::uint8_t> source) override;
 
-    /// The size of the stream that holds `bytes` bytes, which are less than 2^63.
+    /// The size of the DEFLATE stream of `bytes` bytes, which are fewer than 2^63.
     static std::uint64_t streamBytes(std::uint64_t bytes);
 
 private:
     void beginBlock();
 
     WriteStream* out_;
-    std::uint64_t left_;          // of all bytes
-    std::uint64_t blockLeft_ = 0; // of the block that was begun
+    std::uint64_t left_;          // bytes still to be written
+    std::uint64_t blockLeft_ = 0; // how many of them belong to the present block
 };
 
-/// Writes all of `input` as a DEFLATE stream of stored blocks; an empty one writes nothing at all.
+/// Writes all of `input` as a DEFLATE stream of stored blocks; empty input writes nothing at all.
 void deflateStored(const Buffer& input, WriteStream& out);
 
 } // namespace VORN::Migration

@@ -43,13 +43,14 @@ constexpr std::array<ExtraBitsCode, 30> kDistanceCodes{{
 }};
 // clang-format on
 
-// Only the length 258, the last, has a symbol of its own besides.
+// The last symbol is an exception: it stands for the length 258, which the one before could hold,
+// too.
 static_assert(isContiguous(std::span{kLengthCodes}.first<28>()));
 static_assert(isContiguous(kDistanceCodes));
 static_assert(kDistanceCodes.back().base + (1U << kDistanceCodes.back().extraBits) - 1 == 32768);
 
-/// The symbols of the code length code in the order in which their lengths are stored
-/// (RFC 1951, section 3.2.7).
+/// The symbols of the code length code in the order in which their lengths are stored (RFC 1951,
+/// section 3.2.7).
 constexpr std::array<std::uint8_t, 19> kCodeLengthOrder{
     16, 17, 18, 0, 8, 7, 9, 6, 10, 5, 11, 4, 12, 3, 13, 2, 14, 1, 15,
 };
@@ -69,7 +70,9 @@ consteval std::array<std::uint8_t, 32> makeFixedDistanceLengths() {
     return lengths;
 }
 
+/// The length of each symbol of the fixed literal and length code.
 constexpr auto kFixedLiteralLengths = makeFixedLiteralLengths();
+/// The length of each symbol of the fixed distance code.
 constexpr auto kFixedDistanceLengths = makeFixedDistanceLengths();
 
 } // namespace VORN::Migration

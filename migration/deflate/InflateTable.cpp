@@ -4,7 +4,7 @@ namespace VORN::Migration {
 
 namespace {
 
-/// A code that is none is noticed when it is longer than any.
+/// Bits that are no code take as many bits as the longest code.
 InflateEntry noSymbolEntry(HuffmanCode::Match match) {
     constexpr std::uint8_t kLongest = HuffmanCode::kMaximumBits;
     return {0, match.bits != 0 ? match.bits : kLongest, InflateEntry::NoSymbol};
@@ -33,7 +33,7 @@ InflateEntry distanceEntry(HuffmanCode::Match match) {
 }
 
 void LiteralTable::pairLiterals() {
-    // Downwards: what an entry is combined with stands below it and is still a single one.
+    // Downwards, as an entry is joined with one below it, which must still be a single literal.
     for (std::size_t i = entries_.size(); i-- > 0;) {
         InflateEntry& first = entries_[i];
         if (first.kind != InflateEntry::OneLiteral)

@@ -6,15 +6,15 @@ namespace VORN::Migration::JPEG {
 
 namespace {
 
-/// The number of blocks, this one included, that hold nothing more in this scan; `run` is 0 to 14.
+/// Reads the length of an end-of-band run, this block included; `run` is 0 to 14.
 unsigned readEndOfBandRun(unsigned run, ByteUnstuffer& bits) {
     return (1U << run) + bits.take(run);
 }
 
-/// Goes over a band, adding one bit to the coefficients that are set already (clause G.1.2.3).
+/// Goes over a band of one block and adds one bit to each coefficient that is set (clause G.1.2.3).
 class BandRefiner {
 public:
-    /// `mask` tells the coefficients that are set; `block` may be null where there are none.
+    /// `mask` has a bit for each coefficient that is set; `block` may be null if there are none.
     BandRefiner(const Band& band, ByteUnstuffer& bits, CoefficientBlock* block, std::uint64_t mask)
         : bits_{&bits},
           block_{block},
@@ -23,8 +23,8 @@ public:
           end_{band.end},
           pending_{mask & band.mask()} {}
 
-    /// Refines up to the first coefficient that is not set behind `zeros` such ones, which becomes
-    /// the present one; the end of the band stops it.
+    /// Skips `zeros` coefficients that are not set, and refines those between them that are. Ends
+    /// at the next one that is not set, or at the end of the band.
     void skipZeros(unsigned zeros) {
         while (pending_ != 0) {
             const auto next = static_cast<unsigned>(std::countr_zero(pending_));
@@ -48,8 +48,8 @@ private:
     void refine(unsigned k) {
         std::int16_t& coefficient = (*block_)[kZigzagPlaces[k]];
         const int step = coefficient < 0 ? -step_ : step_;
-        // A bit that is set stays so, as it may come twice. It is as good as random, so that no
-        // branch may hang on it.
+        // A file may send the same bit twice; once set, it stays. As bits are as good as random, a
+        // branch would be predicted badly.
         const bool isClear = (coefficient & step_) == 0;
         const int mask = -static_cast<int>(bits_->takeBit() & isClear);
         coefficient = static_cast<std::int16_t>(coefficient + (step & mask));
@@ -62,12 +62,12 @@ private:
     int step_;
     unsigned k_; // zigzag number of the present coefficient
     unsigned end_;
-    std::uint64_t pending_; // coefficients from `k_` on that still want their bit
+    std::uint64_t pending_; // a bit for each coefficient from `k_` on that is still to be refined
 };
 
 } // namespace
 
-// Each function works on a copy of the stream, which stays in registers.
+// Each function works on a local copy of the stream, which the compiler keeps in registers.
 
 unsigned BandReader::readFirst(ByteUnstuffer& stream, std::size_t index) {
     const Band band = band_;
@@ -86,7 +86,7 @@ unsigned BandReader::readFirst(ByteUnstuffer& stream, std::size_t index) {
         k += run;
         if (k > band.end)
             bits.refuse("Coefficient beyond the end of its band. ");
-        // Bits that no coefficient has are cut off.
+        // Bits beyond the 16 of a coefficient are cut off.
         const auto coefficient = static_cast<std::int16_t>(value << band.lowBit);
         if (coefficient != 0) {
             if (block == nullptr)

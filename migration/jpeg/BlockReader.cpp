@@ -34,8 +34,6 @@ const QuantizationTable& Tables::quantizationTable(std::uint8_t selector) const 
 
 BlockReader::BlockReader(std::unique_ptr<Mode> mode) : mode_{std::move(mode)} {}
 
-BlockReader::BlockReader(BlockReader&&) noexcept = default;
-BlockReader& BlockReader::operator=(BlockReader&&) noexcept = default;
 BlockReader::~BlockReader() = default;
 
 std::span<const std::uint8_t> BlockReader::readScan(const ScanHeader& header, const Tables& tables,

@@ -16,10 +16,11 @@
 
 namespace VORN::Migration::JPEG {
 
-/// What the segments before a scan have set, each by its destination.
+/// The tables and the restart interval that the segments before a scan have set.
 ///
-/// A table that a frame or scan names is a `FormatException` if it was not defined, or if it is of
-/// a Huffman code that cannot be.
+/// Each table has a number, its destination. Asking for one that was not defined is a
+/// `FormatException`, and so is asking for a Huffman table whose codes are contradictory
+/// (`HuffmanTable::isCode`).
 struct Tables {
     template <class Table>
     using Slots = std::array<std::optional<Table>, kTableDestinations>;
@@ -29,28 +30,30 @@ struct Tables {
     Slots<QuantizationTable> quantization;
     std::uint16_t restartInterval = 0; // MCUs; 0: none
 
+    /// The Huffman table for DC coefficients at a destination.
     const HuffmanTable& dcTable(std::uint8_t selector) const;
+    /// The Huffman table for AC coefficients at a destination.
     const HuffmanTable& acTable(std::uint8_t selector) const;
+    /// The quantisation table at a destination.
     const QuantizationTable& quantizationTable(std::uint8_t selector) const;
 };
 
 /// Decodes the blocks of a frame, scan after scan, and writes the picture they make.
 class BlockReader {
 public:
-    /// The way in which the scans of a frame hold its coefficients.
+    /// How the scans of a frame hold its coefficients: sequential or progressive.
     class Mode;
 
     /// A reader of the frame that `mode` was made for.
     explicit BlockReader(std::unique_ptr<Mode> mode);
-    BlockReader(BlockReader&&) noexcept;
-    BlockReader& operator=(BlockReader&&) noexcept;
     ~BlockReader();
 
-    /// Decodes a scan whose data is at the beginning of `data`; returns what follows it.
+    /// Decodes the scan that `data` begins with; returns the bytes behind it. Malformed data is a
+    /// `FormatException`.
     std::span<const std::uint8_t> readScan(const ScanHeader& header, const Tables& tables,
                                            std::span<const std::uint8_t> data);
-    /// Completes the picture, a byte a sample, the bottom line first. A component that no scan had
-    /// is a `FormatException`.
+    /// Completes the picture: a byte for each sample, the bottom line first. A component that was
+    /// in no scan is a `FormatException`.
     void finish();
 
     /// The size of the picture and its components.
@@ -60,11 +63,12 @@ private:
     std::unique_ptr<Mode> mode_;
 };
 
-/// What follows from the frame header for each mode, and the picture's memory.
+/// Decodes scans of one kind; this base holds what both kinds need: the layout that follows from
+/// the frame header, the transforms and the picture.
 class BlockReader::Mode {
 public:
     virtual ~Mode() = default;
-    /// Leaves `bits` behind the last bit of the scan.
+    /// Decodes a scan; leaves `bits` behind its last bit. Malformed data is a `FormatException`.
     virtual void readScan(const ScanHeader& header, const Tables& tables, ByteUnstuffer& bits) = 0;
     /// As `BlockReader::finish`.
     virtual void finish() = 0;
@@ -72,17 +76,18 @@ public:
     const FrameLayout& layout() const { return layout_; }
 
 protected:
-    /// `picture` is borrowed and must outlive the mode. It is resized once there is enough data for
-    /// a picture of that size.
+    /// `picture` is borrowed and must outlive the mode. It is resized only when there is enough
+    /// data for a picture of that size.
     Mode(const FrameHeader& header, DynamicBuffer& picture);
 
-    /// Keeps the quantisation table that a component has in its first scan.
+    /// Keeps the quantisation table of a component as it is in the component's first scan.
     void keepTransform(std::size_t component, const Tables& tables);
+    /// The transform with the table that was kept for a component.
     const InverseDct& transform(std::size_t component) const { return *transforms_[component]; }
-    /// Refuses the file unless each component had its `keepTransform`.
+    /// Refuses the file if `keepTransform` was not called for each component.
     void requireScans() const;
 
-    /// The bytes of the picture, once made to fit.
+    /// Resizes the picture to its final size and returns its bytes.
     std::span<std::uint8_t> resizedPicture();
 
 private:

@@ -65,7 +65,7 @@ std::span<const std::uint8_t> ByteUnstuffer::rest() const {
     const std::uint8_t* unread = next_;
     for (std::uint64_t bytes = (filled_ - padding_) / 8; bytes > 0; --bytes) {
         --unread;
-        // Within entropy-coded data a 0 behind 0xFF is a stuff byte.
+        // In entropy-coded data a 0 behind 0xFF is a stuff byte: both count as one.
         if (*unread == 0x00 && unread != begin_ && unread[-1] == 0xFF)
             --unread;
     }

@@ -5,11 +5,11 @@
 
 namespace VORN::Migration::JPEG {
 
-/// Converts a line of luminance and chrominance into pixels of red, green and blue.
+/// Converts a line of luminance and chrominance to pixels of red, green and blue.
 ///
-/// The formula is worked out in single precision, clamped to 0..255 and truncated; the two factors
-/// of green deliberately have four digits only. All lines are of one length, `pixels` has three
-/// times as many bytes.
+/// The result is that of the formula in single precision, clamped to 0..255 and truncated.
+/// Deliberately, the two factors of green have only four digits. `y`, `cb` and `cr` have the same
+/// length, `pixels` three times that.
 void convertLine(std::span<const std::uint8_t> y, std::span<const std::uint8_t> cb,
                  std::span<const std::uint8_t> cr, std::span<std::uint8_t> pixels);
 

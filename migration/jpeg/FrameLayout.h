@@ -3,7 +3,6 @@
 #include "migration/jpeg/Headers.h"
 
 #include <cstdint>
-#include <vector>
 
 namespace VORN::Migration::JPEG {
 
@@ -17,13 +16,14 @@ struct ComponentLayout {
     std::uint32_t height = 0;             // and down
     std::uint32_t blocksAcross = 0;       // that hold such samples
     std::uint32_t blocksDown = 0;
-    std::uint32_t paddedBlocksAcross = 0; // with those that fill up the last unit of a row
+    std::uint32_t paddedBlocksAcross = 0; // with those that only fill up the last unit of a row
 };
 
-/// How a frame is divided into minimum coded units (MCUs), each holding
-/// horizontalSampling * verticalSampling blocks of each component in turn.
+/// How a frame is divided into minimum coded units (MCUs), each holding horizontalSampling *
+/// verticalSampling blocks of each component in turn.
 ///
-/// A frame of one component has one block in each, whatever its factors say (clause A.2.2).
+/// If a frame has only one component, each MCU has one block, whatever the sampling factors say
+/// (clause A.2.2).
 struct FrameLayout {
     std::uint32_t width = 0;  // pixels
     std::uint32_t height = 0; // lines
@@ -33,6 +33,7 @@ struct FrameLayout {
     std::uint32_t unitsAcross = 0;
     std::uint32_t unitsDown = 0;
 
+    /// Works the layout out from a header, which has been checked.
     explicit FrameLayout(const FrameHeader& header);
 
     /// The number of blocks of all components, with those that only fill up a unit.

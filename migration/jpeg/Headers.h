@@ -14,6 +14,7 @@ using JPEGVector = std::vector<Component>;
 
 /// What a frame holds (ITU-T T.81, clause B.2.2).
 struct FrameHeader {
+    /// A component: one of luminance and two of chrominance, or a single one of grey.
     struct ImageComponent {
         std::uint8_t identifier = 0;
         std::uint8_t horizontalSampling = 1; // 1 to 4
@@ -25,17 +26,19 @@ struct FrameHeader {
     std::uint16_t height = 0;              // lines, at least 1
     JPEGVector<ImageComponent> components; // 1 or 3
 
-    /// Throws `SupportException` for samples of other than 8 bits and other than 1 or 3 components,
-    /// and `FormatException` for a segment of another length than its components need, for no
-    /// pixels and for sampling factors that clause B.2.2 does not allow.
+    /// Reads and checks the segment. Samples of other than 8 bits, and other than 1 or 3
+    /// components, are a `SupportException`. A length that does not fit the components, a frame
+    /// without pixels, and sampling factors that clause B.2.2 does not allow, are a
+    /// `FormatException`.
     explicit FrameHeader(Segment segment);
 };
 
 /// Which components a scan holds and which part of their coefficients (ITU-T T.81, clause B.2.3).
 struct ScanHeader {
+    /// A component of the scan and the tables that its data was coded with.
     struct ScanComponent {
         std::uint8_t selector = 0; // the identifier of a frame component
-        // Selectors of Huffman tables, 0 to 15; a scan looks only at those that it uses.
+        // Destinations of Huffman tables, 0 to 15; only those that the scan needs are looked up.
         std::uint8_t dcTable = 0;
         std::uint8_t acTable = 0;
     };
@@ -46,7 +49,7 @@ struct ScanHeader {
     std::uint8_t approximationHigh = 0; // 0 to 15; 0 in the first scan of a coefficient
     std::uint8_t approximationLow = 0;  // 0 to 15
 
-    /// Throws `FormatException` for a segment of another length than its components need.
+    /// Reads the segment. A length that does not fit the components is a `FormatException`.
     explicit ScanHeader(Segment segment);
 };
 

@@ -27,7 +27,7 @@ HuffmanTable::HuffmanTable(Segment& segment) {
         fillLookUp();
 }
 
-/// Gives each length its codes; returns whether there are enough of that length.
+/// Works out the codes of each length; returns whether each length has room for its codes.
 bool HuffmanTable::assignCodes() {
     std::uint32_t code = 0; // the next one of its length
     std::int32_t symbol = 0;
@@ -56,7 +56,7 @@ void HuffmanTable::fillLookUp() {
             }
 }
 
-/// Adds the number behind the code if all its bits are among those looked up.
+/// Adds the number behind the code to an entry, if all bits of the number are part of the look-up.
 void HuffmanTable::addNumber(std::uint32_t index) {
     Entry& entry = lookUp_[index];
     const unsigned size = class_ == Class::Dc ? entry.symbol : entry.symbol & 15U;

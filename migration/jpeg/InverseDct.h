@@ -6,12 +6,11 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 namespace VORN::Migration::JPEG {
 
-/// The place of each coefficient of the zigzag sequence in a `CoefficientBlock` (ITU-T T.81, figure
-/// A.6): 8 * horizontal frequency + vertical frequency.
+/// Where each coefficient of the zigzag sequence stands in a `CoefficientBlock` (ITU-T T.81, figure
+/// A.6): at 8 * horizontal frequency + vertical frequency.
 constexpr std::array<std::uint8_t, 64> kZigzagPlaces = [] {
     std::array<std::uint8_t, 64> places{};
     std::size_t next = 0;
@@ -24,7 +23,7 @@ constexpr std::array<std::uint8_t, 64> kZigzagPlaces = [] {
 }();
 static_assert(kZigzagPlaces[1] == 8 && kZigzagPlaces[28] == 56 && kZigzagPlaces[63] == 63);
 
-/// The quantised coefficients of one block, horizontal frequencies one after the other.
+/// The quantised coefficients of one block; those of one horizontal frequency stand together.
 using CoefficientBlock = std::array<std::int16_t, 64>;
 
 /// Turns coefficients into samples: dequantisation, inverse DCT and level shift (ITU-T T.81,
@@ -34,14 +33,15 @@ public:
     /// The transform of coefficients that were quantised with `table`.
     explicit InverseDct(const QuantizationTable& table);
 
-    /// Writes 8 lines of 8 samples, the first at `samples`, each `lineBytes` after the one before,
-    /// and sets the coefficients to 0 for the next block to be read.
+    /// Writes 8 lines of 8 samples. The first line stands at `samples`, each further one
+    /// `lineBytes` behind the one before. The coefficients become 0, ready for the next block.
     ///
-    /// A sample is within 1 of what the exact transform gives, rounded and clamped to 0..255, for
+    /// Every sample differs by at most 1 from the exact result, rounded and clamped to 0..255, for
     /// all coefficients that a picture can have.
     void transform(CoefficientBlock& coefficients, std::uint8_t* samples,
                    std::size_t lineBytes) const;
-    /// The samples of a block whose only coefficient that is not 0 is its first.
+    /// Writes the samples as `transform` does, for a block in which only the first coefficient, the
+    /// DC `coefficient`, may be other than 0.
     void fill(std::int16_t coefficient, std::uint8_t* samples, std::size_t lineBytes) const;
 
 private:

@@ -7,6 +7,7 @@
 #include "migration/jpeg/ProgressiveDCTMode.h"
 #include "migration/jpeg/SequentialDCTMode.h"
 
+#include <memory>
 #include <optional>
 
 namespace VORN::Migration {
@@ -41,14 +42,14 @@ constexpr std::uint8_t kMarkerStart = 0xFF;
     throw SupportException{kNoOrigin, "JPEG marker " + toHexadecimal(code)};
 }
 
-/// Goes through the marker segments of a file, which is borrowed.
+/// Goes through the marker segments of a file. File and picture are borrowed.
 class SegmentLoop {
 public:
     SegmentLoop(std::span<const std::uint8_t> file, DynamicBuffer& picture)
         : rest_{file},
           picture_{&picture} {}
 
-    /// Reads up to the end of the image; returns the frame whose picture is complete then.
+    /// Reads up to the end of the image and completes the picture; returns its layout.
     const FrameLayout& read();
 
 private:
@@ -86,7 +87,8 @@ std::uint8_t SegmentLoop::byte() {
     return byte;
 }
 
-/// The next marker; any number of 0xFF may fill up before its code (clause B.1.1.2).
+/// Takes the next marker; before its code there may be any number of fill bytes 0xFF (clause
+/// B.1.1.2).
 Marker SegmentLoop::marker() {
     if (byte() != kMarkerStart)
         refuseMissingMarker();
@@ -98,7 +100,7 @@ Marker SegmentLoop::marker() {
     return Marker{code};
 }
 
-/// The parameters of the segment that begins with its length.
+/// Takes the rest of a segment: its length, and the parameters that are returned.
 Segment SegmentLoop::segment() {
     const std::size_t high = byte();
     const std::size_t length = high << 8 | byte(); // its own two bytes included
@@ -173,7 +175,8 @@ void SegmentLoop::readRestartInterval(Segment segment) {
         refuse("Define restart interval segment larger than expected. ");
 }
 
-/// All bytes of the stream, unless the first one shows that it holds no JPEG file.
+/// Reads all bytes of the stream, but throws at once if the first one cannot be that of a JPEG
+/// file.
 IncrementalBuffer readFile(ReadStream& stream) {
     IncrementalBuffer file;
     file.resize(1);

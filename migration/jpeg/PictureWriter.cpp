@@ -46,8 +46,8 @@ PictureWriter::Plan PictureWriter::planFor(const ComponentLayout& component) con
               .sums = {},
               .line = {},
               .wide = {}};
-    // The filter is for components of at least half the size along both axes, and not for those
-    // that have too few samples for it. Common decoders draw the line in the same places.
+    // The triangle filter is for components of at least half the picture's size along both axes,
+    // and not for those with too few samples. Common decoders make the same choice.
     const bool isTooNarrow = plan.across == Enlargement::Triangle && component.width <= 2;
     if (isTooNarrow || plan.across == Enlargement::Repeat || plan.down == Enlargement::Repeat)
         for (Enlargement* axis : {&plan.across, &plan.down})
@@ -61,7 +61,7 @@ PictureWriter::Plan PictureWriter::planFor(const ComponentLayout& component) con
 
 void PictureWriter::finishUnitRow() {
     ++unitRow_;
-    // The last line waits for the samples below it.
+    // The last line of the row waits for the samples below it.
     const std::uint32_t end = unitRow_ == layout_->unitsDown
                                   ? layout_->height
                                   : unitRow_ * layout_->verticalSampling * kBlockSide - 1;
@@ -112,7 +112,7 @@ std::span<const std::uint8_t> PictureWriter::enlargedDown(std::size_t component,
     return plan.line;
 }
 
-/// Blends the line of the component that is nearest to line `y` of the picture with the next one.
+/// Blends the two lines of the component that are nearest to line `y` of the picture.
 void PictureWriter::blendLines(std::size_t component, std::uint32_t y) {
     const Window& window = windows_[component];
     const std::int64_t nearLine = y / 2;

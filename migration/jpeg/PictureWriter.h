@@ -11,19 +11,21 @@ namespace VORN::Migration::JPEG {
 
 /// Turns the samples of all components into the lines of the picture while they arrive.
 ///
-/// It holds the samples of one row of MCUs at a time. For each row: write all its blocks to where
-/// `block` says, then call `finishUnitRow`. Layout and lines are borrowed and must outlive it.
+/// It holds the samples of only one row of MCUs. For each row, the caller writes all blocks to
+/// where `block` says and then calls `finishUnitRow`. Layout and lines are borrowed and must
+/// outlive the writer.
 class PictureWriter {
 public:
-    /// `lines` is the whole picture, 3 bytes a pixel for three components and 1 for one, the bottom
-    /// line first; if it is empty, nothing is written.
+    /// `lines` is the whole picture, the bottom line first, with one byte for each component of a
+    /// pixel. If it is empty, nothing is written.
     PictureWriter(const FrameLayout& layout, std::span<std::uint8_t> lines);
 
-    /// The first sample of a block of the present row of MCUs; `column` and `row` count blocks.
+    /// Where the first sample of a block in the present row of MCUs goes; `column` and `row` count
+    /// blocks.
     std::uint8_t* block(std::size_t component, std::uint32_t column, std::uint32_t row) {
         return windows_[component].block(column, row);
     }
-    /// The distance of two sample lines of a component.
+    /// The distance from one line of a component's samples to the next.
     std::size_t lineBytes(std::size_t component) const { return windows_[component].lineBytes(); }
 
     /// Writes the lines that the blocks of a row of MCUs complete.
@@ -39,8 +41,8 @@ private:
             return &samples_[(1 + row * kBlockSide) * lineBytes_ + column * kBlockSide];
         }
         std::size_t lineBytes() const { return lineBytes_; }
-        /// The samples of a line that belong to the picture. `line` counts in the whole component;
-        /// above the first and below the last line those are repeated.
+        /// The samples of line number `line` of the component, without padding. Above the first
+        /// line and below the last, these are repeated.
         std::span<const std::uint8_t> line(std::int64_t line) const;
         void advance();
 
@@ -52,7 +54,7 @@ private:
         std::vector<std::uint8_t> samples_;
     };
 
-    /// How a component is brought to the size of the picture along one axis.
+    /// How a component is enlarged to the size of the picture along one axis.
     enum class Enlargement { None, Triangle, Repeat };
     struct Plan {
         Enlargement across;
@@ -71,10 +73,10 @@ private:
     const FrameLayout* layout_;
     std::span<std::uint8_t> lines_;
     std::size_t lineStride_;
-    std::vector<Window> windows_; // by component, as are the plans
+    std::vector<Window> windows_; // by component, as the plans
     std::vector<Plan> plans_;
     std::uint32_t unitRow_ = 0;
-    std::uint32_t nextLine_ = 0; // the first line of the picture that is not yet written
+    std::uint32_t nextLine_ = 0; // the first line of the picture that is not written yet
 };
 
 } // namespace VORN::Migration::JPEG

@@ -73,7 +73,7 @@ std::size_t ProgressiveDCTMode::componentOf(const ScanHeader::ScanComponent& sca
     return static_cast<std::size_t>(found - components.begin());
 }
 
-/// Takes memory for the coefficients, unless all the data that is left cannot hold a DC scan.
+/// Makes the stores. Refuses the file first if the data that is left cannot hold a DC scan.
 void ProgressiveDCTMode::makeStores(const ByteUnstuffer& bits) {
     if (bits.rest().size() < layout().blocks() / 8)
         refuseEnd();
@@ -81,8 +81,8 @@ void ProgressiveDCTMode::makeStores(const ByteUnstuffer& bits) {
         stores_.emplace_back(std::size_t{component.blocksAcross} * component.blocksDown);
 }
 
-/// Calls `visit(component, coefficient)` for the DC coefficients of an interleaved scan in their
-/// order; those of blocks that only fill up a unit are forgotten.
+/// Calls `visit(component, coefficient)` for each DC coefficient of an interleaved scan, in order.
+/// Those of blocks that only fill up a unit are not kept.
 template <class Visit>
 void ProgressiveDCTMode::forEachDc(Visit visit) {
     std::int16_t forgotten = 0;

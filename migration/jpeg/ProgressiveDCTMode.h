@@ -9,15 +9,17 @@ namespace VORN::Migration::JPEG {
 
 class PictureWriter;
 
-/// Progressive decoding (ITU-T T.81, annex G): scans make the coefficients known step by step.
+/// Progressive decoding (ITU-T T.81, annex G): each scan adds coefficients, or bits of them.
 ///
-/// Scans are taken in any order and any number of times: a first scan sets coefficients anew, a
-/// refinement adds its bit to whatever is known by then. What is not in the file stays 0. So that a
-/// file pays for what it takes, memory waits until there is enough data for a DC scan, which needs
-/// a bit for each block and without which there is no picture; and the time that a scan takes
-/// follows its length, not the number of blocks that it spans.
+/// Scans are accepted in any order and any number: a first scan sets coefficients anew, a refining
+/// scan adds its bit to what is there. Coefficients that the file does not have stay 0.
+///
+/// A small file must not cost much. So memory is taken only if there is enough data left for a DC
+/// scan, which needs a bit for each block and without which there is no picture. And a scan takes
+/// time for the data that it has, not for the number of blocks that it spans.
 class ProgressiveDCTMode : public BlockReader::Mode {
 public:
+    /// As `Mode`.
     ProgressiveDCTMode(const FrameHeader& header, DynamicBuffer& picture) : Mode{header, picture} {}
 
     void readScan(const ScanHeader& header, const Tables& tables, ByteUnstuffer& bits) override;

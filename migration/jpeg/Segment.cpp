@@ -2,8 +2,8 @@
 
 #include "core/Exception.h"
 
-#include <iomanip>
 #include <sstream>
+#include <utility>
 
 namespace VORN::Migration::JPEG {
 

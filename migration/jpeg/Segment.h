@@ -7,28 +7,31 @@
 
 namespace VORN::Migration::JPEG {
 
-/// The `FormatException` of everything that is malformed in a JPEG file.
+/// Throws the `FormatException` of a malformed JPEG file; `detail` says what is wrong.
 [[noreturn]] void refuse(std::string detail);
 
-/// The refusal of a file that ends too early, wherever that is noticed.
+/// Throws the `FormatException` of a file that ends too early.
 [[noreturn]] void refuseEnd();
 
-/// Upper case hexadecimal digits without padding.
+/// `value` in upper case hexadecimal digits without padding.
 std::string toHexadecimal(unsigned value);
 
 /// The parameters of one marker segment, without its length field (ITU-T T.81, clause B.1.1.4).
 ///
-/// The bytes are borrowed and must outlive the segment. Taking more than there is left is a
+/// The bytes are borrowed and must outlive the segment. Taking more bytes than are left is a
 /// `FormatException`.
 class Segment {
 public:
+    /// A segment of which nothing has been taken yet.
     explicit Segment(std::span<const std::uint8_t> parameters) : rest_{parameters} {}
 
+    /// Takes a byte.
     std::uint8_t byte();
-    /// Two bytes, the more significant one first.
+    /// Takes two bytes, the more significant one first.
     std::uint16_t word();
+    /// Takes `count` bytes, without copying them.
     std::span<const std::uint8_t> bytes(std::size_t count);
-    /// How many bytes have not been taken.
+    /// How many bytes are left.
     std::size_t left() const { return rest_.size(); }
     bool atEnd() const { return rest_.empty(); }
 

@@ -7,7 +7,7 @@ namespace VORN::Migration::JPEG {
 
 namespace {
 
-/// What a component's blocks are decoded with; everything is borrowed.
+/// The tables for the blocks of a component, which are borrowed, and its state.
 struct ComponentDecoder {
     const HuffmanTable* dc;
     const HuffmanTable* ac;
@@ -15,9 +15,9 @@ struct ComponentDecoder {
     std::int16_t prediction = 0; // the DC coefficient of the block before
 };
 
-/// Adds the AC coefficients to a block of zeros (clause F.2.2.2); returns whether there are any.
+/// Reads the AC coefficients into a block of zeros (clause F.2.2.2); returns whether there are any.
 ///
-/// Kept apart from the loops around it, which would take the registers that this one needs.
+/// Not inlined, as the loops around it would take the registers that it needs.
 [[gnu::noinline]] bool readAcCoefficients(const HuffmanTable& table, ByteUnstuffer& stream,
                                           CoefficientBlock& block) {
     ByteUnstuffer bits = stream;
@@ -46,8 +46,8 @@ struct ComponentDecoder {
     return isAny;
 }
 
-/// Decodes a block to its place among the samples. `block` is scratch; only its first coefficient
-/// is ever left other than 0.
+/// Decodes a block and writes its samples. `block` is scratch memory; only its first coefficient
+/// may be other than 0, before and after.
 void readBlock(ComponentDecoder& component, ByteUnstuffer& bits, CoefficientBlock& block,
                std::uint8_t* samples, std::size_t lineBytes) {
     component.prediction =
@@ -109,12 +109,12 @@ private:
     const FrameLayout* layout_;
     JPEGVector<ComponentDecoder> components_;
     unsigned interval_;
-    unsigned unitsToRestart_;  // not counted without an interval
+    unsigned unitsToRestart_;  // counted only if there is an interval
     CoefficientBlock block_{}; // see `readBlock`
     unsigned resetCount_ = 0;  // the number that the next reset marker must have
 };
 
-/// Whether the data can hold as many blocks; each needs a DC and an AC code.
+/// Whether the data may hold that many blocks: each takes two bits at least, a DC and an AC code.
 bool canHold(const ByteUnstuffer& bits, std::uint64_t blocks) {
     return bits.rest().size() >= blocks / 4;
 }
@@ -150,8 +150,8 @@ void SequentialDCTMode::readScan(const ScanHeader& header, const Tables& tables,
                             .ac = &tables.acTable(component.acTable),
                             .transform = &transform(i)});
     }
-    // Data that cannot suffice is decoded all the same, up to the failure it must end in; but it
-    // does not get memory for the picture that it claims to be.
+    // Too little data is decoded nevertheless, as its first fault is to be reported, but it gets no
+    // memory for the picture that it claims to hold.
     PictureWriter writer{layout(), canHold(bits, layout().blocks()) ? resizedPicture()
                                                                     : std::span<std::uint8_t>{}};
     ScanReader{layout(), std::move(decoders), tables.restartInterval}.read(bits, writer);

@@ -4,11 +4,13 @@
 
 namespace VORN::Migration::JPEG {
 
-/// Baseline sequential decoding (ITU-T T.81, annex F): one interleaved scan holds everything.
+/// Baseline sequential decoding (ITU-T T.81, annex F): one interleaved scan holds all coefficients.
 ///
-/// The picture is written while the blocks arrive, so that only one row of MCUs is held.
+/// The picture is written while the blocks arrive, so that only one row of MCUs is in memory beside
+/// it.
 class SequentialDCTMode : public BlockReader::Mode {
 public:
+    /// As `Mode`.
     SequentialDCTMode(const FrameHeader& header, DynamicBuffer& picture) : Mode{header, picture} {}
 
     void readScan(const ScanHeader& header, const Tables& tables, ByteUnstuffer& bits) override;

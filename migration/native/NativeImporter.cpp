@@ -7,8 +7,8 @@ namespace VORN::Migration {
 
 namespace {
 
-/// Tells whether a serialised map follows whose keys ascend and hold all that `ImageMetadata`
-/// serves. No other kind of file gets past its first key or two.
+/// Whether the stream holds a serialised map whose keys ascend and include all those of
+/// `ImageMetadata`'s fields. Any other file fails at its first or second key.
 bool hasImageKeys(ReadStream& stream) {
     constexpr std::uint32_t kMostKeys = 4096;
     constexpr std::uint32_t kLongestKeyBytes = 1024;
@@ -48,7 +48,7 @@ void NativeMetaImporter::parseMetadata(Metadata& metadata) {
     for (const auto& [key, value] : Deserializer{stream()}.getMap())
         texts.set(key, value);
     for (const std::string& key : ImageMetadata{}.keys())
-        static_cast<void>(texts.get(key)); // has to be there
+        static_cast<void>(texts.get(key)); // throws if it is missing
     metadata.assign(texts);
 }
 

@@ -4,26 +4,28 @@
 
 namespace VORN::Migration {
 
-/// Reads the metadata of the program's own format: metadata as `Metadata` serialises it, the number
-/// of sample bytes as 32 bits, least significant first, and the sample bytes as they stand in the
-/// buffer.
+/// Reads the metadata of the program's own format.
+///
+/// A file of that format holds the metadata as `Metadata` serialises it, the number of sample bytes
+/// as 32 bits, least significant byte first, and the sample bytes as they are in the buffer.
 class NativeMetaImporter : public DataImporterSeparate {
 public:
-    /// How surely the stream, from where it stands, holds this format: 0.0 is not at all.
+    /// How likely it is, from 0.0 to 1.0, that the stream holds this format from where it stands.
     ///
-    /// The format has no signature; what counts are the keys, which have to be in order and hold
-    /// all that describe a picture. The stream's position is undefined afterwards.
+    /// The format has no signature. It is recognised by the keys of its metadata, which must be in
+    /// order and include all that describe a picture. The stream's position is not defined
+    /// afterwards.
     static double recognise(ReadStream& stream);
 
 protected:
-    /// A key of `ImageMetadata` that is missing is a `NotFoundException`.
+    /// A missing key of `ImageMetadata` is a `NotFoundException`.
     void parseMetadata(Metadata& metadata) override;
 };
 
 /// Reads pictures of the program's own format.
 class NativeImporter : public NativeMetaImporter {
 protected:
-    /// A number of sample bytes that is not the expected one is a `FormatException`.
+    /// If the number of sample bytes is not `bytes`, that is a `FormatException` of "native".
     void parseData(std::uint64_t bytes, DynamicBuffer& buffer) override;
 };
 

@@ -17,7 +17,8 @@ void checkSamples(const ImageMetadata& metadata) {
     if (bits > 16)
         throw FormatException{kNoOrigin, "NetPBM",
                               "NetPBM does not allow more than 16 bits per pixel component. "};
-    // Cannot be true of a product; a guard for the day when the bits come from elsewhere.
+    // Never true as long as the bits of a pixel are computed as above; it guards against a change
+    // there.
     if (metadata.channels != 0 && bitsPerPixel % metadata.channels != 0)
         throw FormatException{kNoOrigin, "NetPBM", "Channels is not a factor of BPP. "};
     if (metadata.channels != 1 && metadata.channels != 3)
@@ -44,7 +45,7 @@ void writeHeader(WriteStream& out, const ImageMetadata& metadata) {
     out.write({reinterpret_cast<const std::uint8_t*>(header.data()), header.size()});
 }
 
-/// Packs a line of bits, one per pixel, most significant first; the padding is 0.
+/// Packs a line with one byte a pixel into bits, most significant first; padding bits are 0.
 void packBits(std::span<const std::uint8_t> line, const SampleLayout& layout,
               std::span<std::uint8_t> row) {
     std::ranges::fill(row, std::uint8_t{0});
@@ -64,23 +65,27 @@ void packSamples(std::span<const std::uint8_t> line, const SampleLayout& layout,
                               layout.sampleBytes, out);
 }
 
-/// Calls `write` with each line of the buffer, from the last, the picture's top, to the first.
+/// Calls `write` with each line of the buffer, from the last, which is the picture's top row, to
+/// the first.
 template <class Write>
 void forEachLine(const Buffer& buffer, const SampleLayout& layout, Write write) {
     for (std::uint64_t y = layout.height; y-- > 0;)
         write(buffer.data().subspan(y * layout.lineStride, layout.lineStride));
 }
 
-void writeRaster(WriteStream& out, const Buffer& buffer, const SampleLayout& layout, bool bitmap) {
+void writeRaster(WriteStream& out, const Buffer& buffer, const ImageMetadata& metadata,
+                 const SampleLayout& layout) {
     if (layout.width == 0 || layout.height == 0)
-        return; // no memory for a row, however long, where there is none
-    if (layout.isPacked() && !bitmap)
+        return; // a row may be very long even if there is none
+    const bool packsBits = isBitmap(metadata);
+    if (layout.isPacked() && !packsBits)
         return forEachLine(buffer, layout, [&](std::span<const std::uint8_t> line) {
             out.write(line.first(layout.rowBytes()));
         });
-    std::vector<std::uint8_t> row(bitmap ? (std::size_t{layout.width} + 7) / 8 : layout.rowBytes());
+    std::vector<std::uint8_t> row(packsBits ? (std::size_t{layout.width} + 7) / 8
+                                            : layout.rowBytes());
     forEachLine(buffer, layout, [&](std::span<const std::uint8_t> line) {
-        if (bitmap)
+        if (packsBits)
             packBits(line, layout, row);
         else
             packSamples(line, layout, row);
@@ -97,7 +102,7 @@ void NetPBMExporter::exportImage(const Buffer& buffer, const Metadata& metadata)
     const SampleLayout layout{image};
     checkSize(buffer, layout);
     writeHeader(stream(), image);
-    writeRaster(stream(), buffer, layout, isBitmap(image));
+    writeRaster(stream(), buffer, image, layout);
 }
 
 } // namespace VORN::Migration

@@ -23,7 +23,8 @@ bool isSeparator(char byte) {
 
 /// Reads the numbers of a header, which stand between separators and comments.
 ///
-/// The byte that ends a number is consumed with it, and so is the comment if it starts one.
+/// With a number, the byte behind it is taken, too, and if that starts a comment, the whole
+/// comment.
 class TokenReader {
 public:
     explicit TokenReader(ReadStream& in) : in_{&in} {}
@@ -42,7 +43,7 @@ public:
     }
 
 private:
-    /// The bytes before the next separator or comment; there may be none.
+    /// Takes the bytes up to the next separator or comment; returns those before it, perhaps none.
     std::string readToken() {
         std::string token;
         char byte = readByte();
@@ -93,7 +94,7 @@ ImageMetadata readHeader(TokenReader in) {
     return metadata;
 }
 
-/// Holds for every header that is accepted; the loops that follow rely on it.
+/// Checks what the loops below rely on; it holds for every header that `readHeader` accepts.
 void checkChannels(const ImageMetadata& metadata) {
     if (metadata.type.bits == 1 && metadata.channels > 1)
         refuse("Bitmap must be one channel. ");
@@ -108,7 +109,7 @@ void flipLines(std::span<std::uint8_t> lines, std::size_t lineBytes) {
     for (; lines.size() > lineBytes;
          lines = lines.subspan(lineBytes, lines.size() - 2 * lineBytes)) {
         const std::span<std::uint8_t> first = lines.first(lineBytes);
-        // The form with one end only is the one that the compiler vectorises.
+        // Of the forms of this call, only the one with three iterators is vectorised.
         std::swap_ranges(first.begin(), first.end(), lines.last(lineBytes).begin());
     }
 }
@@ -137,7 +138,7 @@ void readBitmap(ReadStream& in, const SampleLayout& layout, DynamicBuffer& buffe
     IncrementalBuffer packed;
     readSamples(in, rowBytes * layout.height, packed);
     buffer.resize(layout.bytes());
-    // All rows are there, so each of the sizes below fits memory.
+    // All rows are in memory, so each size below fits `std::size_t`.
     std::span<const std::uint8_t> rows = packed.data();
     std::span<std::uint8_t> lines = buffer.writableData();
     while (!lines.empty()) {
@@ -147,7 +148,8 @@ void readBitmap(ReadStream& in, const SampleLayout& layout, DynamicBuffer& buffe
     }
 }
 
-/// The samples of a map stand in the file as they do in the buffer, but for the order of lines.
+/// Reads a map, whose samples are in the file as they are in the buffer, except for the order of
+/// lines.
 void readMap(ReadStream& in, const SampleLayout& layout, DynamicBuffer& buffer) {
     readSamples(in, layout.bytes(), buffer);
     flipLines(buffer.writableData(), static_cast<std::size_t>(layout.lineStride));

@@ -7,19 +7,19 @@ namespace VORN::Migration {
 
 /// Reads binary NetPBM: bitmaps (P4), grey maps (P5) and pixel maps (P6).
 ///
-/// Samples of maps are 8-bit, or 16-bit when the maximum value is above 255; those keep the file's
-/// byte order, most significant first, although the metadata says "little endian". Of the maximum
-/// value nothing else is kept, samples are not scaled. A bitmap takes one byte per pixel in the
-/// buffer, 1 for a set bit, which is NetPBM's black.
+/// Samples of maps have 8 bits or, if the maximum value is above 255, 16 bits. 16-bit samples keep
+/// the file's byte order, most significant first, although the metadata says "little endian". The
+/// maximum value has no other effect; samples are not scaled. In the buffer a bitmap takes one byte
+/// a pixel: 1 for a set bit, which is black in NetPBM.
 ///
-/// What is not NetPBM is a `FormatException`, a variant that is not implemented a
-/// `SupportException`, a size that is no number a `ConversionException`; data that ends early is
+/// A file that is not NetPBM is a `FormatException`, a variant that is not implemented a
+/// `SupportException`, a size that is not a number a `ConversionException`. Data that ends early is
 /// the stream's own exception. Memory grows with the samples that arrive.
 class NetPBMImporter : public DataImporterSeparate {
 protected:
-    /// Leaves `metadata` as it is when the header cannot be read.
+    /// If the header cannot be read, `metadata` stays as it is.
     void parseMetadata(Metadata& metadata) override;
-    /// Goes by the header, whatever size is expected.
+    /// Reads as many samples as the header says; `bytes` is not used.
     void parseData(std::uint64_t bytes, DynamicBuffer& buffer) override;
 
 private:

@@ -20,29 +20,33 @@ inline constexpr std::array<std::uint8_t, 8> kSignature{
 /// The four letters that say what a chunk holds.
 using ChunkType = std::array<std::uint8_t, 4>;
 
-/// The chunk types that matter.
+/// The types of chunks that the program knows, one behind the other.
 inline constexpr std::string_view kChunkTypes = "IHDRPLTEIDATIEND";
 
-/// The `index`th of them.
+/// The type number `index` in `kChunkTypes`.
 consteval ChunkType chunkType(std::size_t index) {
     ChunkType type{};
     std::copy_n(kChunkTypes.begin() + 4 * index, type.size(), type.begin());
     return type;
 }
 
+/// The image header, the first chunk (PNG, clause 11.2.2).
 inline constexpr ChunkType kHeader = chunkType(0);
+/// The colours of a picture with indices (PNG, clause 11.2.3).
 inline constexpr ChunkType kPalette = chunkType(1);
+/// A piece of the compressed picture (PNG, clause 11.2.4).
 inline constexpr ChunkType kData = chunkType(2);
+/// The end of the file (PNG, clause 11.2.5).
 inline constexpr ChunkType kEnd = chunkType(3);
 
-/// Throws the `FormatException` of the format "png".
+/// Throws the `FormatException` of "png"; `detail` says what is wrong.
 [[noreturn]] void refuse(std::string detail);
 
-/// Writes one chunk (PNG, clause 5.3), its data as it comes.
+/// Writes one chunk (PNG, clause 5.3), piece by piece.
 class ChunkWriter : public WriteStream {
 public:
-    /// Begins the chunk: exactly `length` bytes of data have to be written before `finish`. `out`
-    /// is borrowed and must outlive the writer.
+    /// Begins the chunk. Exactly `length` bytes of data must be written before `finish`. `out` is
+    /// borrowed and must outlive the writer.
     ChunkWriter(WriteStream& out, const ChunkType& type, std::uint32_t length);
 
     void write(std::span<const std::uint8_t> data) override;

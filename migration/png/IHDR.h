@@ -8,7 +8,8 @@
 
 namespace VORN::Migration::PNG {
 
-/// The image header (PNG, clause 11.2.2), its fields in file order; all 0 until one is read.
+/// The image header (PNG, clause 11.2.2). Its fields stand in the order of the file and are 0 at
+/// first.
 struct IHDR {
     static constexpr std::size_t kBytes = 13;
     static constexpr std::uint8_t kGrey = 0;
@@ -25,17 +26,18 @@ struct IHDR {
     std::uint8_t filterMethod = 0;
     std::uint8_t interlaceMethod = 0;
 
-    /// Reads the fields; a method other than 0 is a `SupportException`, and an end before the last
-    /// field the stream's own exception.
+    /// Reads the fields. A method other than 0 is a `SupportException`; data that ends early is the
+    /// stream's own exception.
     static IHDR read(ReadStream& in);
-    /// The header of a picture; what cannot be written is a `SupportException`. Colour types other
-    /// than grey deliberately take any number of bits, of which the field keeps the low eight.
+    /// The header for a picture; one that cannot be written as PNG is a `SupportException`.
+    /// Deliberately, only grey is checked for the number of bits; the field keeps its low eight
+    /// bits.
     static IHDR of(const ImageMetadata& metadata);
 
-    /// The data of the header's chunk.
+    /// The fields as the data of a chunk.
     std::array<std::uint8_t, kBytes> bytes() const;
-    /// The metadata of the decoded picture, palette indices replaced by their colours. Samples of
-    /// more than 8 bits are big endian. An unknown colour type is a `SupportException`.
+    /// The metadata of the decoded picture, in which palette indices are replaced by their colours.
+    /// Samples of more than 8 bits are big endian. An unknown colour type is a `SupportException`.
     ImageMetadata metadata() const;
 };
 

@@ -27,7 +27,7 @@ void LineSink::write(std::span<const std::uint8_t> data) {
         refuse(sizeMismatch_);
 }
 
-/// Takes what the current line lacks; returns what is left of `data`, which is not empty.
+/// Fills the current line from `data`, which is not empty; returns the bytes that it did not take.
 std::span<const std::uint8_t> LineSink::fillLine(std::span<const std::uint8_t> data) {
     if (filled_ == 0) {
         filter_ = data.front();

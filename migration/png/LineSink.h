@@ -8,19 +8,20 @@
 
 namespace VORN::Migration::PNG {
 
-/// Takes the image data as it is inflated and puts its lines, unfiltered, into a picture.
+/// Takes the image data while it is inflated, undoes the filters and puts the lines into a picture.
 ///
-/// Every line of the data is a filter byte and `lineBytes` bytes; the first one becomes the last
-/// line of the picture. What is wrong is found out at the end, so that faults of the compressed
-/// data and a bad checksum are reported first. Data beyond the last line is only counted.
+/// A line of the data is a filter byte and `lineBytes` bytes. The first line becomes the last of
+/// the picture. Faults are noted, but reported only by `checkComplete`, so that faults of the
+/// compressed data and a wrong checksum are reported first. Data behind the last line is only
+/// counted.
 class LineSink : public WriteStream {
 public:
-    /// More data than this beyond the last line is refused at once: a few megabytes of compressed
-    /// data can hold gigabytes of it.
+    /// More data than this behind the last line is refused at once, as a few megabytes of
+    /// compressed data can hold gigabytes of it.
     static constexpr std::uint64_t kLargestSurplus = std::uint64_t{64} << 20;
 
-    /// `picture` holds `lines` lines of `lineBytes` bytes, which `pixelBytes` divides, and must
-    /// outlive the sink; an empty one stands for a picture that cannot become complete.
+    /// `picture` has `lines` lines of `lineBytes` bytes, which are a multiple of `pixelBytes`. It
+    /// must outlive the sink. An empty one stands for a picture that cannot become complete.
     /// `sizeMismatch` is the detail of the `FormatException` for a wrong number of bytes.
     LineSink(std::span<std::uint8_t> picture, std::uint64_t lineBytes, std::uint32_t lines,
              std::size_t pixelBytes, const char* sizeMismatch);
@@ -29,8 +30,8 @@ public:
 
     /// The Adler-32 of all data so far.
     std::uint32_t checksum() const { return checksum_.value(); }
-    /// A wrong number of bytes is a `FormatException`, a filter that does not exist a
-    /// `BoundException`.
+    /// Throws if the data was not right: a wrong number of bytes is a `FormatException`, a filter
+    /// that does not exist a `BoundException`.
     void checkComplete() const;
 
 private:
@@ -50,7 +51,7 @@ private:
     std::uint64_t filled_ = 0;              // its bytes so far, the filter byte included
     std::vector<std::uint8_t> zeros_;       // above the first line
     std::span<const std::uint8_t> prior_;   // the line above; empty: there is none
-    std::optional<std::uint8_t> badFilter_; // the first one; lines from there on stay filtered
+    std::optional<std::uint8_t> badFilter_; // the first; lines from there on are left as they are
 };
 
 } // namespace VORN::Migration::PNG

@@ -7,6 +7,7 @@
 #include "migration/png/Chunk.h"
 #include "migration/png/IHDR.h"
 
+#include <array>
 #include <limits>
 
 namespace VORN::Migration {
@@ -16,17 +17,17 @@ namespace {
 constexpr std::uint8_t kNoFilter = 0;
 constexpr std::uint64_t kLargestChunk = std::numeric_limits<std::uint32_t>::max();
 
-/// `bytes` itself; what does not fit a chunk is refused.
+/// `bytes` itself; throws if they do not fit a chunk.
 std::uint64_t checkFits(std::uint64_t bytes) {
     if (bytes > kLargestChunk)
         throw BoundException<std::uint64_t>{kNoOrigin, bytes, kLargestChunk};
     return bytes;
 }
 
-/// What is written of a picture, in bytes.
+/// The sizes of a picture's data, in bytes.
 struct Layout {
     std::uint64_t lines;
-    std::uint64_t lineBytes; // bits that make no whole byte are dropped
+    std::uint64_t lineBytes; // bits beyond the last whole byte are dropped
     std::uint64_t rawBytes;  // of all lines, with a filter byte before each
     std::uint64_t dataBytes; // of the IDAT chunk
 

@@ -11,6 +11,7 @@
 #include "migration/png/LineSink.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 namespace VORN::Migration {
@@ -19,18 +20,18 @@ namespace {
 
 using namespace PNG;
 
-constexpr std::size_t kPieceBytes = std::size_t{1} << 18; // read at once, arrived or not
-constexpr std::uint8_t kAncillary = 0x20;                 // in a chunk type's first letter
+constexpr std::size_t kPieceBytes = std::size_t{1} << 18; // memory is taken for so many at a time
+constexpr std::uint8_t kAncillary = 0x20;                 // a bit of a chunk type's first letter
 constexpr std::uint64_t kKeptBytes = 3 * 256;     // of a chunk other than IDAT: the largest palette
-constexpr std::uint64_t kLargestExpansion = 1032; // 2 bits of DEFLATE repeat 258 bytes at most
+constexpr std::uint64_t kLargestExpansion = 1032; // 2 bits of DEFLATE stand for 258 bytes at most
 
-/// Red, green and blue of each index; black where the file gives none.
-using Palette = std::array<std::uint8_t, 3 * 256>;
+/// Red, green and blue of each index; black for those that the file does not define.
+using ColorTable = std::array<std::uint8_t, 3 * 256>;
 
-/// What the chunks of a file say.
+/// What was read from the chunks of a file.
 struct Contents {
-    IHDR header; // the last one
-    std::optional<Palette> palette;
+    IHDR header; // the last one, if there are several
+    std::optional<ColorTable> palette;
     IncrementalBuffer compressed; // the data of all IDAT chunks
 };
 
@@ -61,7 +62,7 @@ private:
     ReadStream* in_;
     Contents* contents_;
     Crc32 checksum_;         // of the chunk that is being read
-    IncrementalBuffer data_; // of the chunk read last, as far as it can matter
+    IncrementalBuffer data_; // the first `kKeptBytes` of the chunk read last, if it is not IDAT
 };
 
 void ChunkLoop::read() {
@@ -96,7 +97,7 @@ ChunkLoop::Chunk ChunkLoop::readChunk() {
     return chunk;
 }
 
-/// Appends the first `kept` of the `length` bytes that follow.
+/// Reads `length` bytes of a chunk and appends the first `kept` of them.
 void ChunkLoop::readData(IncrementalBuffer& into, std::uint64_t kept, std::uint32_t length) {
     const std::uint64_t end = into.size() + kept;
     while (length > 0) {
@@ -139,7 +140,7 @@ void ChunkLoop::takePalette(const Chunk& chunk) {
         refuse("palette chunk has already appeared");
     if (chunk.length % 3 != 0)
         refuse("palette size not a multiple of 3");
-    // From 32 on any length will do.
+    // From a depth of 32 on every length is small enough.
     if (chunk.length > std::uint64_t{3} << std::min<unsigned>(contents_->header.bitDepth, 32))
         refuse("palette size larger than bit depth support");
     if (chunk.length == 0)
@@ -160,8 +161,8 @@ void decodeLines(const Contents& contents, DynamicBuffer& buffer, std::uint64_t 
                  std::size_t pixelBytes, const char* sizeMismatch) {
     ConstBufferStream compressed{contents.compressed};
     ZlibHeader::read(compressed).check();
-    // No memory for a picture that the data cannot fill; it is inflated all the same, to find out
-    // what is wrong with it first.
+    // A picture that the data cannot fill gets no memory. The data is inflated nevertheless, as its
+    // first fault is to be reported.
     const std::uint32_t lineCount = contents.header.height;
     const std::uint64_t bytes = lineBytes * lineCount;
     buffer.resize(bytes <= kLargestExpansion * contents.compressed.size() ? bytes : 0);
@@ -172,8 +173,9 @@ void decodeLines(const Contents& contents, DynamicBuffer& buffer, std::uint64_t 
     lines.checkComplete();
 }
 
-/// Replaces indices by colours, from the last on so that none is overwritten before it is read.
-void expandPalette(const Palette& palette, DynamicBuffer& buffer) {
+/// Replaces indices by colours. It goes from the last to the first, so that none is overwritten
+/// before it is read.
+void expandPalette(const ColorTable& palette, DynamicBuffer& buffer) {
     const std::size_t count = buffer.size();
     buffer.resize(std::uint64_t{3} * count);
     const std::span<std::uint8_t> bytes = buffer.writableData();

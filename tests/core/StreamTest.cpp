@@ -1,7 +1,6 @@
 #include "core/BufferStream.h"
 #include "core/CppStream.h"
 #include "core/Crc32.h"
-#include "core/StreamPump.h"
 #include "tests/Complaint.h"
 
 #include <gtest/gtest.h>

@@ -97,21 +97,5 @@ TEST(JPEGImporter, NamesWhatIsWrong) {
     EXPECT_EQ(cases, 70U);
 }
 
-TEST(JPEGImporter, TakesNoMemoryForSizesThatAreOnlyClaimed) {
-    for (const auto& [name, frame] :
-         {std::pair{"rgb420", 0xC0U}, {"grey", 0xC0U}, {"rgb420-progressive", 0xC2U}}) {
-        Bytes file = fixture(std::string{"jpeg/"} + name + ".jpg");
-        std::fill_n(file.begin() + behindMarker(file, frame) + 3, 4, std::uint8_t{0xFF});
-        const BorrowConstBuffer bytes{file};
-        ConstBufferStream stream{bytes};
-        JPEGImporter importer;
-        importer.setStream(&stream);
-        IncrementalBuffer buffer;
-        ImageMetadata metadata;
-        EXPECT_NE(complaintOf([&] { importer.importImage(buffer, metadata); }), "");
-        EXPECT_EQ(buffer.capacity(), 0U);
-    }
-}
-
 } // namespace
 } // namespace VORN::Migration

@@ -24,8 +24,8 @@ Inflated inflatedFast(std::span<const std::uint8_t> deflated) {
     Inflated result;
     const BorrowConstBuffer source{deflated};
     ConstBufferStream in{source};
-    result.complaint =
-        complaintOf([&] { result.bytes = written([&](WriteStream& out) { inflate(in, out); }); });
+    const auto inflateAll = [&](WriteStream& out) { inflate(in, out); };
+    result.complaint = complaintOf([&] { result.bytes = written(inflateAll); });
     result.bytesRead = static_cast<std::size_t>(in.tell());
     return result;
 }

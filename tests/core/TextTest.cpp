@@ -59,6 +59,7 @@ TEST(TextWriter, WrapsAtBlanks) {
         {"aaa bbb", 5, 2, "aaa\n  bbb"},                  // the first line starts further right
         {"abcdefghijklm no", 0, 1, "abcdefghijklm\n no"}, // a longer word is not split
         {"no abcdefghijklm", 0, 1, "no\n abcdefghijklm"},
+        {"aaaa bbbb ccc ddd ee", 0, 0, "aaaa bbbb\nccc ddd ee"}, // also on further lines
         {"", 0, 4, ""},
     };
     for (const auto& c : kCases)

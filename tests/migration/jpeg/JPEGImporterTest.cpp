@@ -31,6 +31,7 @@ TEST(JPEGImporter, DecodesAsAnIndependentDecoderDoes) {
         {"rgb420-3x5", "rgb420-3x5.ppm"}, {"rgb420-1x1", "rgb420-1x1.ppm"},
         {"rgb-4x2", "rgb-4x2.ppm"},       {"rgb-2x4", "rgb-2x4.ppm"},
         {"grey-reordered", "grey.pgm"},   {"grey-refined", "grey-refined.pgm"},
+        {"edge-4x3", "edge-4x3.ppm"},
     };
     for (const auto& [name, original] : kFixtures) {
         SCOPED_TRACE(name);

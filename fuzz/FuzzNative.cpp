@@ -14,8 +14,8 @@ Bytes fileOf(const Import& found) {
     return written([&](WriteStream& stream) {
         Serializer out{stream};
         found.metadata.serialize(out);
-        out.put(static_cast<std::uint32_t>(found.picture.size()));
-        stream.write(found.picture);
+        out.put(static_cast<std::uint32_t>(found.samples.size()));
+        stream.write(found.samples);
     });
 }
 

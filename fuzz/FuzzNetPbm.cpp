@@ -2,6 +2,7 @@
 #include "migration/netpbm/NetPBMExporter.h"
 #include "migration/netpbm/NetPBMImporter.h"
 
+using namespace VORN;
 using namespace VORN::Fuzz;
 using namespace VORN::Migration;
 
@@ -10,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!found.complaint.empty())
         return 0;
     if (found.metadata.type.bits == 1)
-        require(found.picture.size() == std::uint64_t{found.metadata.width} * found.metadata.height,
+        require(found.samples.size() == std::uint64_t{found.metadata.width} * found.metadata.height,
                 "a bitmap takes one byte per pixel");
     else
         requireWholePicture(found);

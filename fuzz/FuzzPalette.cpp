@@ -1,5 +1,6 @@
 #include "beads/ColorCells.h"
-#include "fuzz/FuzzedArtwork.h"
+#include "fuzz/Fuzzing.h"
+#include "tests/beads/TextFiles.h"
 
 #include <cmath>
 
@@ -37,15 +38,15 @@ void match(const Palette& palette, const ColorDistance& distance) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Palette palette;
-    if (!complaintOf([&] { readArtwork(palette, {data, size}); }).empty())
+    if (!complaintOf([&] { readFile(palette, {data, size}); }).empty())
         return 0;
     match(palette, RgbDistance{});
     match(palette, HsvDistance{{1.0F, 0.5F, 2.0F}});
     if (!isWritable(palette))
         return 0;
-    const Bytes once = writtenArtwork(palette);
+    const std::string once = writtenText(palette);
     Palette again;
-    require(complaintOf([&] { readArtwork(again, once); }).empty(), "what was written can be read");
-    require(writtenArtwork(again) == once, "what was read is written in the same way");
+    require(complaintOf([&] { readText(again, once); }).empty(), "what was written can be read");
+    require(writtenText(again) == once, "what was read is written in the same way");
     return 0;
 }

@@ -3,8 +3,9 @@
 #include "beads/NearestBead.h"
 #include "beads/PanelPacker.h"
 #include "beads/Pattern.h"
-#include "fuzz/FuzzedArtwork.h"
+#include "fuzz/Fuzzing.h"
 #include "tests/beads/PlainNearestBead.h"
+#include "tests/beads/TextFiles.h"
 
 #include <iostream>
 
@@ -72,9 +73,9 @@ bool isWrittenAsRead(const Pattern& pattern) {
 }
 
 void writeAndRead(const Pattern& pattern) {
-    const Bytes once = writtenArtwork(pattern);
+    const std::string once = writtenText(pattern);
     Pattern again;
-    require(readArtwork(again, once) || !isWrittenAsRead(pattern), "what was written can be read");
+    require(readText(again, once) || !isWrittenAsRead(pattern), "what was written can be read");
     if (!isWrittenAsRead(pattern))
         return;
     require(again.style == pattern.style && again.layerCount() == pattern.layerCount(),
@@ -105,7 +106,7 @@ private:
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const Silence silence;
     Pattern pattern;
-    if (readArtwork(pattern, {data, size}))
+    if (readFile(pattern, {data, size}))
         writeAndRead(pattern);
     constexpr std::size_t kMostLayers = 20;
     for (std::size_t i = 0; i < std::min(pattern.layerCount(), kMostLayers); ++i) {

@@ -1,52 +1,38 @@
 #pragma once
 
 #include "fuzz/Fuzzing.h"
-#include "migration/DataExporter.h"
-#include "migration/DataImporter.h"
 #include "migration/ImageFormatDescriptor.h"
+#include "tests/migration/Codecs.h"
 
 namespace VORN::Fuzz {
 
 /// What came of reading a picture.
-struct Import {
+struct Import : Migration::Picture {
     std::string complaint; // "": it was read
-    Migration::ImageMetadata metadata;
-    Bytes picture;
 };
 
 template <class Importer>
 Import importPicture(std::span<const std::uint8_t> file) {
     Import found;
-    const BorrowConstBuffer buffer{file};
-    ConstBufferStream stream{buffer};
-    IncrementalBuffer picture;
-    found.complaint = complaintOf([&] {
-        Importer importer;
-        importer.setStream(&stream);
-        importer.importImage(picture, found.metadata);
-    });
-    if (found.complaint.empty())
-        found.picture = bytesOf(picture);
+    found.complaint = complaintOf(
+        [&] { static_cast<Migration::Picture&>(found) = Migration::imported<Importer>(file); });
     return found;
 }
 
 /// Writes a picture that was read; "" comes with its file, else nothing is known of that.
 template <class Exporter>
 std::string exportPicture(const Import& found, Bytes& file) {
-    const BorrowConstBuffer picture{found.picture};
     return complaintOf([&] {
-        file = written([&](WriteStream& out) {
-            Exporter exporter;
-            exporter.setStream(&out);
-            exporter.exportImage(picture, found.metadata);
-        });
+        IncrementalBuffer buffer;
+        Migration::exportTo<Exporter>(buffer, found.samples, found.metadata);
+        file = bytesOf(buffer);
     });
 }
 
 /// That the picture has the bytes that its metadata claims.
 inline void requireWholePicture(const Import& found) {
     const Migration::ImageFormatDescriptor layout{found.metadata};
-    require(found.picture.size() == layout.bytes(), "the picture has the size that is told");
+    require(found.samples.size() == layout.bytes(), "the picture has the size that is told");
 }
 
 /// That reading a file that the program wrote gives `found` again.
@@ -54,7 +40,7 @@ template <class Importer>
 void requireSame(const Import& found, std::span<const std::uint8_t> file) {
     const Import again = importPicture<Importer>(file);
     require(again.complaint.empty(), "what was written can be read");
-    require(again.picture == found.picture, "what was written has the same samples");
+    require(again.samples == found.samples, "what was written has the same samples");
     for (const std::string& key : found.metadata.keys())
         require(again.metadata.get(key) == found.metadata.get(key),
                 "what was written has the same metadata");

@@ -1,17 +1,12 @@
 #pragma once
 
-#include "core/BufferStream.h"
+#include "tests/Bytes.h"
 #include "tests/Complaint.h"
 
 #include <cstdio>
 #include <cstdlib>
-#include <span>
-#include <string>
-#include <vector>
 
 namespace VORN::Fuzz {
-
-using Bytes = std::vector<std::uint8_t>;
 
 /// Ends the process, which is a finding, unless what is named holds.
 inline void require(bool holds, const char* what) {
@@ -19,17 +14,6 @@ inline void require(bool holds, const char* what) {
         return;
     std::fprintf(stderr, "Does not hold: %s\n", what);
     std::abort();
-}
-
-inline Bytes bytesOf(const Buffer& buffer) { return {buffer.data().begin(), buffer.data().end()}; }
-
-/// What `write`, called with a stream, writes to it.
-template <class Write>
-Bytes written(Write write) {
-    IncrementalBuffer bytes;
-    BufferStream out{bytes};
-    write(out);
-    return bytesOf(bytes);
 }
 
 } // namespace VORN::Fuzz

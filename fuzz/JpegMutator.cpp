@@ -9,7 +9,7 @@
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 
-using namespace VORN::Fuzz;
+using namespace VORN;
 
 namespace {
 

@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
     for (const std::filesystem::path& path : files) {
         std::cerr << path.string() << '\n'; // whatever happens, it is known where
         std::ifstream in{path, std::ios::binary};
-        const VORN::Fuzz::Bytes bytes(std::istreambuf_iterator<char>{in}, {});
+        const VORN::Bytes bytes(std::istreambuf_iterator<char>{in}, {});
         LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
     }
     std::cout << files.size() << " inputs without a finding\n";

@@ -46,20 +46,6 @@ TEST(BeadGeometry, PlacesBeads) {
     }
 }
 
-TEST(BeadGeometry, KeepsBeadsOfARingOneUnitApart) {
-    const LayerShape shape{PatternStyle::Circle, {200U, 200U}};
-    const BeadGeometry geometry{shape};
-    for (std::size_t ring = 1; ring < 200; ++ring) {
-        const std::size_t begin = LayerShape::ringBegin(ring);
-        EXPECT_EQ(shape.rowsIn(begin), ring);
-        EXPECT_EQ(shape.rowsIn(begin + 1), ring + 1);
-        const float chord = squaredDistance(geometry.position({begin, ring, 0}),
-                                            geometry.position({begin + 1, ring, 1}));
-        EXPECT_NEAR(std::sqrt(chord),
-                    2 * BeadGeometry::ringRadius(ring) * std::sin(kPi / (6.0 * ring)), 1e-3);
-    }
-}
-
 TEST(UnitCirclePoint, IsWithinTheLastDigitOfTheLibrary) {
     for (int i = -4000; i <= 4000; ++i) {
         const double angle = kPi * i / 4000;

@@ -77,35 +77,6 @@ TEST(DrawLayer, PaintsEveryDiscWhereItLies) {
         }
 }
 
-/// The red samples of a drawn layer, from the top row on: "#" for 255, "-" for the background.
-std::string drawn(const std::string& patternFile, float beadSize) {
-    Pattern pattern;
-    readText(pattern, patternFile);
-    Palette palette;
-    palette.Set('a', {1, 0, 0});
-    palette.Set('b', {0, 1, 0});
-    Picture picture;
-    drawLayer(pattern.view(0), palette, beadSize, {0.5F, -1, 2}, picture);
-    std::string rows;
-    for (unsigned y = 0; y < picture.height(); ++y, rows += '\n')
-        for (unsigned x = 0; x < picture.width(); ++x) {
-            const unsigned char red = PictureView{picture}.row(y)[x].red;
-            rows += red == 255 ? '#' : red == 127 ? '-' : '0';
-        }
-    return rows;
-}
-
-TEST(DrawLayer, DrawsDiscsUpright) {
-    // A pitch is 2 pixels and a radius 0.8, more than the 0.71 to the centres of four pixels.
-    EXPECT_EQ(drawn("square\n\na.\nab\n", 1.6F), "##--\n##--\n##00\n##00\n");
-}
-
-TEST(DrawLayer, TakesTheBeadNearestToThePixelsCorner) {
-    // With a pitch of 1, columns lie between two beads, of which the one to the left is taken; rows
-    // count from the bottom, where the bead above is.
-    EXPECT_EQ(drawn("square\n\nab.\nba.\n..b\n", 0.8F), "##0\n00#\n---\n");
-}
-
 TEST(LayerFrame, GrowsWithTheBeadSize) {
     const Hyperrectangle<2, float> box{{0, 0}, {28, 9}};
     const struct {

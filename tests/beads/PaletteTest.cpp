@@ -1,6 +1,4 @@
 #include "beads/Palette.h"
-#include "core/BufferStream.h"
-#include "core/ResourcePackage.h"
 #include "tests/Complaint.h"
 #include "tests/beads/TextFiles.h"
 
@@ -40,22 +38,6 @@ TEST(Palette, RefusesOtherLines) {
         Palette palette;
         EXPECT_EQ(complaintOf([&] { readText(palette, "a 1 1 " + number); }),
                   "Failed to convert \"" + number + "\" to float.");
-    }
-}
-
-TEST(Palette, ReadsEveryBuiltinOne) {
-    for (const auto& entry : ResourcePackage::builtin().entries()) {
-        Palette palette;
-        BorrowConstBuffer buffer{entry.bytes};
-        ConstBufferStream in{buffer};
-        EXPECT_TRUE(palette.Read(in));
-        // Colours beyond the symbols share "Z"; of each symbol one line remains.
-        std::bitset<Palette::kSlots> symbols;
-        for (std::size_t i = 0; i < entry.bytes.size(); ++i)
-            if (i == 0 || entry.bytes[i - 1] == '\n')
-                symbols.set(entry.bytes[i]);
-        for (std::size_t slot = 0; slot < Palette::kSlots; ++slot)
-            EXPECT_EQ(palette.Contains(static_cast<char>(slot)), symbols[slot]);
     }
 }
 

@@ -69,30 +69,10 @@ TEST(Pattern, NamesTheLineOfTheWrongLength) {
     }
 }
 
-TEST(Pattern, FillsLayers) {
+TEST(Pattern, SharesSquareLayersOnly) {
     Pattern pattern;
-    pattern.style = PatternStyle::Circle;
-    const Tuple<2, unsigned> huge{~0U, ~0U};
-    EXPECT_EQ(complaintOf([&] { pattern.AddFilledLayer(huge, 'a'); }),
-              "Failed to allocate pattern layer. ");
-    EXPECT_EQ(pattern.AddFilledLayer({3U, 3U}, 'a'), 0U);
-    EXPECT_EQ(writtenText(pattern), "circle\n\na\naaaaaa\naaaaaaaaaaaa\n\n");
-    pattern.style = PatternStyle::Hex;
-    EXPECT_EQ(pattern.AddFilledLayer({0U, 5U}, 'a'), 1U);
-    EXPECT_EQ(pattern.layer(1).content, "");
-}
-
-TEST(Pattern, SharesSquareLayersAsSignals) {
-    Pattern pattern;
-    readText(pattern, "square\n\nabc\ndef\n");
     Signal<2, char> signal;
-    pattern.GetLayer(0, signal);
-    EXPECT_EQ((signal[{2U, 0U}]), 'c');
-    EXPECT_EQ((signal[{0U, 1U}]), 'd');
-    signal.Resize({2U, 1U});
-    pattern.SetLayer(0, signal);
-    EXPECT_EQ(layersOf(pattern), "2x1 ab\n");
-    EXPECT_THROW(pattern.GetLayer(1, signal), std::out_of_range);
+    EXPECT_THROW(pattern.GetLayer(0, signal), std::out_of_range);
     pattern.style = PatternStyle::Hex;
     EXPECT_EQ(complaintOf([&] { pattern.GetLayer(0, signal); }),
               "No support for layer content access for non-square pattern. ");

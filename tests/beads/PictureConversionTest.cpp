@@ -1,6 +1,5 @@
 #include "beads/BeadMatching.h"
 #include "beads/Cropping.h"
-#include "beads/Dithering.h"
 #include "beads/Scaling.h"
 #include "tests/Complaint.h"
 
@@ -83,43 +82,6 @@ TEST(ColorBox, RoundsOutwards) {
         }
 }
 
-/// Error diffusion as it is defined, without any haste.
-std::string ditheredByWalk(const PictureView& picture, const PaletteMatcher& matcher) {
-    const unsigned width = picture.width();
-    const auto placed = [](const Color& color) {
-        return [&color](const auto& distance) {
-            return distance.place(ColorPlace{color[0], color[1], color[2]});
-        };
-    };
-    std::vector<Color> buffer(width);
-    Color running;
-    std::string symbols;
-    for (unsigned y = 0; y < picture.height(); ++y) {
-        buffer.back() = running;
-        running = {};
-        for (unsigned x = 0; x < width; ++x) {
-            const Color pixel = toColor(picture.row(y)[x]);
-            Color q;
-            for (unsigned c = 0; c < 3; ++c) {
-                float sum = pixel[c] + 0.4375F * running[c];
-                sum = sum + 0.3125F * buffer[x][c];
-                if (x >= 2)
-                    sum = sum + 0.1875F * buffer[x - 1][c];
-                if (x + 1 < width)
-                    sum = sum + 0.0625F * buffer[x + 1][c];
-                q[c] = sum;
-            }
-            const std::size_t entry = matcher.nearest(std::visit(placed(q), matcher.distance()));
-            const ColorPlace& color = matcher.color(entry);
-            symbols += matcher.symbol(entry);
-            if (x >= 2)
-                buffer[x - 1] = running;
-            running = {q[0] - color[0], q[1] - color[1], q[2] - color[2]};
-        }
-    }
-    return symbols;
-}
-
 Picture noise(unsigned width, unsigned height) {
     std::mt19937 random{width * 1000 + height};
     Picture picture{width, height, 3};
@@ -127,26 +89,6 @@ Picture noise(unsigned width, unsigned height) {
         for (unsigned char& sample : picture.rowSamples(y))
             sample = static_cast<unsigned char>(random());
     return picture;
-}
-
-TEST(Dither, DiffusesErrorsAsDefined) {
-    Palette palette;
-    palette.Set('k', {0, 0, 0});
-    palette.Set('r', {1, 0.2F, 0});
-    palette.Set('w', {1, 1, 1});
-    palette.Set('b', {0, 0.1F, 0.9F});
-    for (const ColorDistance& distance :
-         {ColorDistance{RgbDistance{}}, ColorDistance{HsvDistance{{1, 0.5F, 2}}}})
-        for (const auto& [width, height] : {std::pair{1U, 9U}, {2U, 9U}, {3U, 5U}, {40U, 30U}}) {
-            const Picture picture = noise(width, height);
-            const PaletteMatcher matcher{palette, distance};
-            EXPECT_EQ(dither(picture, matcher), ditheredByWalk(picture, matcher));
-        }
-    // 0.6 is white; 0.6 - 7/16 of 0.4 black; 0.6 + 7/16 of 0.425 white; 0.6 - 7/16 of 0.214 too.
-    Palette blackAndWhite;
-    blackAndWhite.Set('k', {0, 0, 0});
-    blackAndWhite.Set('w', {1, 1, 1});
-    EXPECT_EQ(dither(greys({"3333"}), {blackAndWhite, RgbDistance{}}), "wkww");
 }
 
 TEST(Crop, CountsFromTheTopLeftCorner) {

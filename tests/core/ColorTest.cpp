@@ -19,7 +19,7 @@ TEST(Color, ConvertsToHsv) {
         {{1, 0.5F, 0}, 0.0833333F, 1, 1},
         {{0.5F, 1, 0}, 0.25F, 1, 1},
         {{0.8F, 0.4F, 0.2F}, 0.0111111F, 0.75F, 0.8F}, // only the second component is divided
-        {{1, 1, 0}, 0.1666667F, 1, 1},                 // the earlier of equal components decides
+        {{1, 0, 1}, -0.1666667F, 1, 1},                // the earlier of equal components decides
     };
     for (const auto& c : kCases) {
         const Tuple<3, float> hsv = c.color.ToHSV();

@@ -1,4 +1,7 @@
 #include "core/ResourcePackage.h"
+#include "core/Crc32.h"
+#include "core/Serialization.h"
+#include "tests/Bytes.h"
 #include "tests/Complaint.h"
 
 #include <gtest/gtest.h>
@@ -50,6 +53,31 @@ TEST(ResourcePackage, RefusesWhatIsImpaired) {
     bytes[0] = 'X';
     EXPECT_EQ(complaintOf([&] { ResourcePackage{bytes}; }),
               "Archive impaired, end of index INVALID_LEADER, modification prohibited. ");
+}
+
+TEST(ResourcePackage, KeepsEveryResourceInside) {
+    // The index takes 49 bytes and its checksum 4; two more follow.
+    const std::string outside =
+        "Archive impaired, end of index INCOMPLETE_HEADER, modification prohibited. ";
+    const std::tuple<const char*, const char*, std::string> kCases[] = {
+        {"53", "2", ""},      {"55", "0", ""},      {"53", "3", outside},
+        {"56", "0", outside}, {"99", "1", outside}, {"01", "56", outside},
+    };
+    for (const auto& [offset, size, complaint] : kCases) {
+        Bytes package = written([&, &o = offset, &s = size](WriteStream& stream) {
+            Serializer out{stream};
+            out.put(ResourcePackage::kLeader);
+            out.put(1U);
+            out.put(std::string{"name"});
+            out.put(std::map<std::string, std::string>{{"offset", o}, {"size", s}});
+        });
+        Crc32 crc;
+        crc.update(package);
+        append(package, written([&](WriteStream& out) { Serializer{out}.put(crc.value()); }));
+        append(package, bytesOf("ab"));
+        EXPECT_EQ(complaintOf([&] { ResourcePackage{package}; }), complaint)
+            << offset << ' ' << size << ' ' << package.size();
+    }
 }
 
 } // namespace

@@ -1,6 +1,6 @@
-#include "core/BufferStream.h"
 #include "core/Conversion.h"
 #include "core/TextWriter.h"
+#include "tests/Bytes.h"
 #include "tests/Complaint.h"
 
 #include <gtest/gtest.h>
@@ -40,12 +40,12 @@ TEST(Conversion, WritesSixSignificantDigits) {
 
 std::string paragraphOf(const std::string& text, std::size_t column, std::size_t indent,
                         std::size_t width) {
-    IncrementalBuffer bytes;
-    BufferStream out{bytes};
-    TextWriter writer{out};
-    writer.paragraph(text, column, indent, width);
-    writer.flush();
-    return {bytes.data().begin(), bytes.data().end()};
+    const Bytes bytes = written([&](WriteStream& out) {
+        TextWriter writer{out};
+        writer.paragraph(text, column, indent, width);
+        writer.flush();
+    });
+    return {bytes.begin(), bytes.end()};
 }
 
 TEST(TextWriter, WrapsAtBlanks) {
@@ -59,6 +59,7 @@ TEST(TextWriter, WrapsAtBlanks) {
         {"aaa bbb", 5, 2, "aaa\n  bbb"},                  // the first line starts further right
         {"abcdefghijklm no", 0, 1, "abcdefghijklm\n no"}, // a longer word is not split
         {"no abcdefghijklm", 0, 1, "no\n abcdefghijklm"},
+        {"aaaa bbbb ccc ddd ee", 0, 0, "aaaa bbbb\nccc ddd ee"}, // also on further lines
         {"", 0, 4, ""},
     };
     for (const auto& c : kCases)

@@ -59,7 +59,8 @@ TEST(ImageFormatDescriptor, ComputesStrides) {
         {described(4, 2, 1, kBytes, "RGBA", 8, 32), "1 4"}, // aligned as it is
         {described(~0U, 2, 65536, "4294967295-bit unsigned little endian"),
          "Failed to allocate picture. "},
-        {described(1, 2, ~0U), "Value (4294967295) out of bound (65536). "},
+        {described(1, 2, 65536), "65536 65536"},
+        {described(1, 2, 65537), "Value (65537) out of bound (65536). "},
     };
     for (const auto& c : kCases) {
         const Metadata texts = textsOf(c.metadata);

@@ -3,7 +3,6 @@
 #include "core/Exception.h"
 #include "migration/jpeg/CoefficientStore.h"
 #include "migration/jpeg/ColorConversion.h"
-#include "migration/jpeg/HuffmanTable.h"
 #include "migration/jpeg/InverseDct.h"
 #include "migration/jpeg/Upsampling.h"
 #include "tests/migration/Fixture.h"
@@ -11,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <bitset>
 #include <cmath>
 #include <map>
 #include <numbers>
@@ -115,48 +113,6 @@ TEST(JPEGUpsampling, BlendsThreeQuartersAndOneQuarter) {
     }
 }
 
-TEST(JPEGHuffmanTable, DecodesAsBitByBit) {
-    // Codes of all lengths; AC symbols of all runs and of sizes 1 to 10.
-    Bytes parameters{0x10, 0, 1, 2, 1, 3, 4, 2, 5, 6, 7, 9, 11, 13, 20, 30, 40};
-    std::vector<std::string> codes; // as ITU-T T.81, annex C builds them
-    unsigned next = 0;
-    for (unsigned length = 1; length <= 16; ++length, next <<= 1)
-        for (unsigned i = 0; i < parameters[length]; ++i)
-            codes.push_back(std::bitset<16>{next++}.to_string().substr(16 - length));
-    for (std::size_t i = 0; i < codes.size(); ++i)
-        parameters.push_back(static_cast<std::uint8_t>(i / 10 << 4 | (i % 10 + 1)));
-    Segment segment{parameters};
-    const HuffmanTable table{segment};
-
-    // Random codes, each followed by as many random bits as its size says, with stuffed bytes.
-    std::mt19937 random{3};
-    std::string written;
-    std::vector<std::pair<unsigned, int>> expected;
-    for (unsigned i = 0; i < 20000; ++i) {
-        const std::size_t symbol = random() % codes.size();
-        const unsigned size = symbol % 10 + 1;
-        const int number = static_cast<int>(random() % (1U << size));
-        written += codes[symbol] +
-                   std::bitset<10>{static_cast<unsigned>(number)}.to_string().substr(10 - size);
-        const bool isNegative = number < 1 << (size - 1);
-        expected.emplace_back(symbol / 10, isNegative ? number - (1 << size) + 1 : number);
-    }
-    Bytes data;
-    for (std::size_t i = 0; i + 8 <= written.size(); i += 8) {
-        data.push_back(static_cast<std::uint8_t>(std::stoi(written.substr(i, 8), nullptr, 2)));
-        if (data.back() == 0xFF)
-            data.push_back(0x00);
-    }
-    expected.resize(expected.size() - 4); // the last byte may be missing
-    ByteUnstuffer bits{data};
-    for (const auto& [run, value] : expected) {
-        const auto taken = table.takeCoefficient(bits);
-        ASSERT_EQ(taken.run, run);
-        ASSERT_EQ(taken.value, value);
-        bits.requireData();
-    }
-}
-
 TEST(CoefficientStore, FindsTheNextBlockAsBlockByBlock) {
     std::mt19937 random{4};
     for (std::size_t blocks : {1U, 64U, 65U, 1000U}) {
@@ -171,21 +127,6 @@ TEST(CoefficientStore, FindsTheNextBlockAsBlockByBlock) {
             while (expected < end && (store.mask(expected) & band) == 0)
                 ++expected;
             ASSERT_EQ(store.find(band, begin, end), expected);
-        }
-    }
-}
-
-TEST(ByteUnstuffer, GivesBackTheBytesItDidNotUse) {
-    const Bytes data{0xFF, 0x00, 0x12, 0xFF, 0x00, 0xFF, 0x00, 0x34, 0xFF, 0xD9};
-    const std::size_t kRests[] = {10, 8, 7, 5, 3, 2}; // by bytes taken
-    for (unsigned taken = 0; taken <= 5; ++taken) {
-        ByteUnstuffer bits{data};
-        for (unsigned i = 0; i < 8 * taken; ++i)
-            bits.takeBit();
-        EXPECT_EQ(bits.rest().size(), kRests[taken]);
-        if (taken < 5) {
-            bits.takeBit(); // a byte begun is a byte used
-            EXPECT_EQ(bits.rest().size(), kRests[taken + 1]);
         }
     }
 }

@@ -1,11 +1,10 @@
 #include "migration/png/PNGImporter.h"
-#include "core/Crc32.h"
-#include "core/Serialization.h"
 #include "migration/deflate/Adler32.h"
 #include "migration/deflate/DeflateStored.h"
 #include "migration/deflate/ZlibHeader.h"
 #include "tests/Complaint.h"
 #include "tests/migration/Fixture.h"
+#include "tests/migration/png/PngFile.h"
 
 #include <gtest/gtest.h>
 
@@ -13,27 +12,6 @@ namespace VORN::Migration {
 namespace {
 
 using namespace std::string_literals;
-
-Bytes chunk(const std::string& type, const Bytes& data) {
-    Bytes bytes = bytesOf(type);
-    append(bytes, data);
-    Crc32 checksum;
-    checksum.update(bytes);
-    Bytes whole;
-    append(whole, toBigEndian(static_cast<std::uint32_t>(data.size())));
-    append(whole, bytes);
-    append(whole, toBigEndian(checksum.value()));
-    return whole;
-}
-
-Bytes header(std::uint32_t width, std::uint32_t height, std::uint8_t depth, std::uint8_t type,
-             std::uint8_t compression = 0, std::uint8_t filter = 0, std::uint8_t interlace = 0) {
-    Bytes data;
-    append(data, toBigEndian(width));
-    append(data, toBigEndian(height));
-    append(data, std::array{depth, type, compression, filter, interlace});
-    return chunk("IHDR", data);
-}
 
 /// A zlib stream that holds `raw`; `flaw` is added to its checksum.
 Bytes zlibStream(const Bytes& raw, std::uint32_t flaw = 0) {
@@ -57,13 +35,6 @@ Bytes zlibRun(std::size_t mebibytes) {
     for (std::size_t bytes = 0; bytes < mebibytes << 20; bytes += std::size_t{8} * 258)
         append(stream, runs);
     return packed("0000000 00000000 00000000 00000000 00000000", stream);
-}
-
-Bytes png(const std::vector<Bytes>& chunks) {
-    Bytes file = bytesOf("\x89PNG\r\n\x1A\n");
-    for (const Bytes& bytes : chunks)
-        append(file, bytes);
-    return file;
 }
 
 TEST(PNGImporter, ReadsWhatOthersWrote) {
@@ -178,7 +149,10 @@ TEST(PNGImporter, SaysWhyAFileIsRefused) {
         {png({grey, chunk("IDAT", zlibRun(65)), last}), size},
         {fixture("png/grey1-9x7.png"), size},
         {fixture("png/palette4-9x7.png"), paletteSize},
-        {raw({7, 1, 2}), "Value (7) out of bound (5). "},
+        {raw({5, 1, 2}), "Value (5) out of bound (5). "},
+        // The first of two, which stands in the top line.
+        {png({header(2, 2, 8, 0), chunk("IDAT", zlibStream({7, 1, 2, 9, 1, 2})), last}),
+         "Value (7) out of bound (5). "},
         // The checksum and the size come before the filters.
         {raw({7, 1, 2}, 1), checksum},
         {raw({7, 1}), size},

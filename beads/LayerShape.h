@@ -37,7 +37,7 @@ struct Bead {
 /// | style  | row r of the text                                     | rows   |
 /// | ------ | ----------------------------------------------------- | ------ |
 /// | square | a bead for each of `width` characters                 | height |
-/// | hex    | 2 `width` characters, a bead and a blank by turns; an | height |
+/// | hex    | 2 `width` characters, a bead and a blank in turn; an  | height |
 /// |        | even row begins with a bead, an odd one with a blank  |        |
 /// | circle | ring r: 6 r beads, row 0 being the centre             | width  |
 ///

@@ -76,7 +76,7 @@ void forEachLine(const Buffer& buffer, const SampleLayout& layout, Write write) 
 void writeRaster(WriteStream& out, const Buffer& buffer, const ImageMetadata& metadata,
                  const SampleLayout& layout) {
     if (layout.width == 0 || layout.height == 0)
-        return; // a row may be very long even if there is none
+        return; // without rows there must be no memory for one, which might be very long
     const bool packsBits = isBitmap(metadata);
     if (layout.isPacked() && !packsBits)
         return forEachLine(buffer, layout, [&](std::span<const std::uint8_t> line) {

@@ -54,7 +54,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{PatternStyle::Hex, {9, 15}, 285}, Case{PatternStyle::Hex, {0, 5}, 5},
                     Case{PatternStyle::Circle, {1, 1}, 1}, Case{PatternStyle::Circle, {2, 2}, 7},
                     Case{PatternStyle::Circle, {16, 16}, 721},
-                    Case{PatternStyle::Circle, {1, 1}, 30}, Case{PatternStyle::Circle, {3, 3}, 23},
+                    Case{PatternStyle::Circle, {1, 1}, 30}, Case{PatternStyle::Circle, {6, 6}, 14},
+                    Case{PatternStyle::Circle, {3, 3}, 23},
                     Case{PatternStyle::Circle, {12, 12}, 404}));
 
 } // namespace

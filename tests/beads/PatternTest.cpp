@@ -1,5 +1,4 @@
 #include "beads/Pattern.h"
-#include "tests/Complaint.h"
 #include "tests/beads/TextFiles.h"
 
 #include <gtest/gtest.h>
@@ -67,15 +66,6 @@ TEST(Pattern, NamesTheLineOfTheWrongLength) {
                   "line " + std::to_string(c.line) + ": Missmatching line length. \n");
         EXPECT_EQ(pattern.layerCount(), c.layers);
     }
-}
-
-TEST(Pattern, SharesSquareLayersOnly) {
-    Pattern pattern;
-    Signal<2, char> signal;
-    EXPECT_THROW(pattern.GetLayer(0, signal), std::out_of_range);
-    pattern.style = PatternStyle::Hex;
-    EXPECT_EQ(complaintOf([&] { pattern.GetLayer(0, signal); }),
-              "No support for layer content access for non-square pattern. ");
 }
 
 } // namespace

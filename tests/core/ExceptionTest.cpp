@@ -22,10 +22,6 @@ TEST(Exception, PrintsClassAndMessage) {
          "BoundException<unsigned char>: Value (A) out of bound (B). "},
         {BoundException<std::uint64_t>{none, 2, 1}.clone(),
          "BoundException<unsigned long>: Value (2) out of bound (1). "},
-        {SpaceException<unsigned>{none, 2, 1}.clone(),
-         "SpaceException<unsigned int>: More space requested (2) than what is available (1). "},
-        {Match<char>::UnexpectedNumberOfMatches{none, 1, 2}.clone(),
-         "Match<char>::UnexpectedNumberOfMatches: Got 1 matches but expected 2 matches. "},
         {ArchiveImpairedException{none, 7, IteratorException{none}.clone()}.clone(),
          "ArchiveImpairedException: Archive impaired, end of index CRC_MISSMATCH, modification "
          "prohibited. \n  Previous exception VORN class VORN::IteratorException: Invalid iterator. "

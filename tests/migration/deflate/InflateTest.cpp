@@ -43,9 +43,10 @@ TEST(Inflate, SaysWhatIsWrong) {
         {"1 10 00110000 0000001 00000 0000000", ""},
         {"1 10 00110000 0000001 00001 0000000", kReference},
         // The symbols 286 and 287, the distances 30 and 31.
+        {"1 10 11000110", kLiteral}, // whatever follows, or nothing
         {"1 10 11000110 0000000 0000000", kLiteral},
         {"1 10 11000111 0000000 0000000", kLiteral},
-        {"1 10 00110000 0000001 11110 0000000000", kDistance},
+        {"1 10 00110000 0000001 11110", kDistance},
         {"1 10 00110000 0000001 11111 0000000000", kDistance},
         // No code length code at all; one for 0 and 18; one for 0 and 16, which comes first.
         {"1 01 00000 00000 0000 000 000 000 000 0000000",

@@ -3,6 +3,7 @@
 #include "core/Exception.h"
 #include "migration/jpeg/CoefficientStore.h"
 #include "migration/jpeg/ColorConversion.h"
+#include "migration/jpeg/HuffmanTable.h"
 #include "migration/jpeg/InverseDct.h"
 #include "migration/jpeg/Upsampling.h"
 #include "tests/migration/Fixture.h"
@@ -113,6 +114,26 @@ TEST(JPEGUpsampling, BlendsThreeQuartersAndOneQuarter) {
     }
 }
 
+TEST(JPEGHuffmanTable, FindsTheSymbolOfEveryCode) {
+    // Codes of all lengths, counted up as in ITU-T T.81, annex C; their symbols are 0, 1, 2 ...
+    Bytes parameters{0x10, 0, 1, 2, 1, 3, 4, 2, 5, 6, 7, 9, 11, 13, 20, 30, 40};
+    for (unsigned i = 0; i < 154; ++i)
+        parameters.push_back(static_cast<std::uint8_t>(i));
+    Segment segment{parameters};
+    const HuffmanTable table{segment};
+    unsigned symbol = 0;
+    unsigned code = 0;
+    for (unsigned length = 1; length <= 16; ++length, code <<= 1)
+        for (unsigned i = 0; i < parameters[length]; ++i, ++code, ++symbol) {
+            const unsigned word = code << (16 - length);
+            Bytes data{static_cast<std::uint8_t>(word >> 8), static_cast<std::uint8_t>(word)};
+            if (data[0] == 0xFF)
+                data.insert(data.begin() + 1, std::uint8_t{0});
+            ByteUnstuffer bits{data};
+            EXPECT_EQ(table.takeSymbol(bits), symbol);
+        }
+}
+
 TEST(CoefficientStore, FindsTheNextBlockAsBlockByBlock) {
     std::mt19937 random{4};
     for (std::size_t blocks : {1U, 64U, 65U, 1000U}) {
@@ -127,6 +148,21 @@ TEST(CoefficientStore, FindsTheNextBlockAsBlockByBlock) {
             while (expected < end && (store.mask(expected) & band) == 0)
                 ++expected;
             ASSERT_EQ(store.find(band, begin, end), expected);
+        }
+    }
+}
+
+TEST(ByteUnstuffer, GivesBackTheBytesItDidNotUse) {
+    const Bytes data{0xFF, 0x00, 0x12, 0xFF, 0x00, 0xFF, 0x00, 0x34, 0xFF, 0xD9};
+    const std::size_t kRests[] = {10, 8, 7, 5, 3, 2}; // by bytes taken
+    for (unsigned taken = 0; taken <= 5; ++taken) {
+        ByteUnstuffer bits{data};
+        for (unsigned i = 0; i < 8 * taken; ++i)
+            bits.takeBit();
+        EXPECT_EQ(bits.rest().size(), kRests[taken]);
+        if (taken < 5) {
+            bits.takeBit(); // a byte begun is a byte used
+            EXPECT_EQ(bits.rest().size(), kRests[taken + 1]);
         }
     }
 }

@@ -148,6 +148,7 @@ TEST(PNGImporter, SaysWhyAFileIsRefused) {
         {png({grey, chunk("IDAT", zlibRun(63)), last}), checksum},
         {png({grey, chunk("IDAT", zlibRun(65)), last}), size},
         {fixture("png/grey1-9x7.png"), size},
+        {png({header(2, 1, 4, 0), chunk("IDAT", zlibStream({0})), last}), size},
         {fixture("png/palette4-9x7.png"), paletteSize},
         {raw({5, 1, 2}), "Value (5) out of bound (5). "},
         // The first of two, which stands in the top line.

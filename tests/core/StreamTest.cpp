@@ -95,10 +95,11 @@ TEST(Streams, TellWhatFailed) {
     EXPECT_EQ(complaintOf([&] { take(in, 1); }), "Failed to read from input stream. ");
     EXPECT_EQ(complaintOf([&] { in.seek(std::uint64_t{1} << 63); }),
               "Value (9223372036854775808) out of bound (9223372036854775807). ");
-    std::ofstream full{"/dev/full"};
-    CppOutStream out{full};
-    out.write(bytesOf("x"));
-    EXPECT_EQ(complaintOf([&] { out.flush(); }), "Failed to flush output stream. ");
+    if (std::ofstream full{"/dev/full"}) { // not every system has it
+        CppOutStream out{full};
+        out.write(bytesOf("x"));
+        EXPECT_EQ(complaintOf([&] { out.flush(); }), "Failed to flush output stream. ");
+    }
     StreamPump pump{1};
     EXPECT_EQ(complaintOf([&] { pump.pump(0); }), "Stream pump source not initialized. ");
     pump.setSource(&in);

@@ -17,7 +17,7 @@ int CreateSubcommand::run() {
         Palette palette;
         if (!loadPalette(fillPalette_.get(), palette))
             return 1;
-        fillWithPalette(palette, pattern.style, pattern.layer(0));
+        fillWithPalette(palette, pattern.shape(0), pattern.layer(0).content);
     }
     return savePattern(output_, pattern) ? 0 : 1;
 }
@@ -38,7 +38,7 @@ bool CreateSubcommand::reshape(Pattern& pattern) const {
     for (std::size_t k = 0; k < input.layerCount(); ++k) {
         if (k == pattern.layerCount())
             pattern.AddFilledLayer(pattern.layer(0).size, fillSymbol());
-        reshapeLayer(input.style, input.layer(k), pattern.style, pattern.layer(k));
+        reshapeLayer(input.view(k), pattern.shape(k), pattern.layer(k).content);
     }
     return true;
 }

@@ -4,6 +4,7 @@
 #include "core/Console.h"
 #include "core/ResourcePackage.h"
 #include "migration/CodecSelection.h"
+#include "migration/ImageSignal.h"
 
 #include <filesystem>
 #include <fstream>
@@ -56,13 +57,18 @@ bool loadPattern(const std::string& name, Pattern& pattern) {
     return loadInput(name, [&](ReadStream& in) { return pattern.Read(in); });
 }
 
-bool loadPicture(const std::string& name, Migration::ImageSignal<unsigned char>& picture) {
+bool loadPicture(const std::string& name, Picture& picture) {
     return loadInput(name, [&](RandomReadStream& in) {
         const auto importer = Migration::chooseImporter(name, in);
         if (!importer)
             return false;
         importer->setStream(&in);
-        picture.importImage(*importer);
+        IncrementalBuffer samples;
+        Migration::ImageMetadata metadata;
+        importer->importImage(samples, metadata);
+        const Tuple<3, unsigned> size =
+            Migration::ImageSignal<unsigned char>{samples, metadata}.size();
+        picture = Picture{std::move(samples), size};
         return true;
     });
 }

@@ -2,7 +2,7 @@
 
 #include "beads/Palette.h"
 #include "beads/Pattern.h"
-#include "migration/ImageSignal.h"
+#include "beads/Picture.h"
 
 #include <string>
 
@@ -17,6 +17,6 @@ bool loadPalette(const std::string& name, Palette& palette);
 /// Reads a pattern file.
 bool loadPattern(const std::string& name, Pattern& pattern);
 /// Reads a picture. The format is chosen by the extension of the name or else by content.
-bool loadPicture(const std::string& name, Migration::ImageSignal<unsigned char>& picture);
+bool loadPicture(const std::string& name, Picture& picture);
 
 } // namespace VORN

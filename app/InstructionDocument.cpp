@@ -101,18 +101,17 @@ void InstructionDocument::write(Text::TextWriter& out, const std::vector<Pattern
     Usage total;
     for (const Pattern& pattern : patterns)
         for (std::size_t layer = 0; layer < pattern.layerCount(); ++layer)
-            total += writeBlock(out, pattern.style, pattern.layer(layer));
+            total += writeBlock(out, pattern.view(layer));
     values_["Usage"] = usageRows(total);
     render(out, Web::ReplaceComponent{std::string{kTotalStart} + kUsagePicture});
     render(out, Web::StaticComponent{kEnd});
 }
 
 InstructionDocument::Usage InstructionDocument::writeBlock(Text::TextWriter& out,
-                                                           PatternStyle style,
-                                                           const Pattern::Layer& layer) {
+                                                           const LayerView& layer) {
     Usage usage;
     render(out, Web::ReplaceComponent{kBlockStart});
-    writeBeads(out, style, layer, usage);
+    writeBeads(out, layer, usage);
     values_["Usage"] = usageRows(usage);
     render(out, Web::ReplaceComponent{std::string{kBlockEnd} + kUsagePicture + "\n"});
     return usage;
@@ -127,21 +126,17 @@ void InstructionDocument::render(Text::TextWriter& out, const Web::Component& pa
 std::string InstructionDocument::paletteLines() const {
     const Web::ReplaceComponent line{kColorLine};
     std::string lines;
-    for (unsigned symbol = 0; symbol < Palette::kSlots; ++symbol) {
-        if (!palette_.Contains(static_cast<unsigned char>(symbol)))
-            continue;
-        const Color& color = palette_.Get(static_cast<unsigned char>(symbol));
-        line.render(lines, {{"Entry", std::string(1, static_cast<char>(symbol))},
+    for (const auto& [symbol, color] : palette_)
+        line.render(lines, {{"Entry", std::string(1, symbol)},
                             {"Red", Text::toText(color[0])},
                             {"Green", Text::toText(color[1])},
                             {"Blue", Text::toText(color[2])}});
-    }
     return lines;
 }
 
 /// Draws and counts the beads of a layer in content order.
-void InstructionDocument::writeBeads(Text::TextWriter& out, PatternStyle style,
-                                     const Pattern::Layer& layer, Usage& usage) const {
+void InstructionDocument::writeBeads(Text::TextWriter& out, const LayerView& layer,
+                                     Usage& usage) const {
     const Web::ReplaceComponent bead{kBeadLine};
     const Web::ReplaceComponent cross{kCrossLine};
     Web::Values values;
@@ -149,29 +144,27 @@ void InstructionDocument::writeBeads(Text::TextWriter& out, PatternStyle style,
     std::string& y = values["Y"];
     std::string& entry = values["Entry"];
     std::string line;
-    const BeadGeometry geometry{style, layer.size};
-    forEachBead(geometry, layer.content.size(), [&](std::size_t i) {
-        const char symbol = layer.content[i];
-        const Point<2, float> position = geometry.position(i);
+    const BeadGeometry geometry{layer.shape};
+    for (const Bead& place : layer.beads()) {
+        const char symbol = layer.content[place.position];
+        const Point<2, float> position = geometry.position(place);
         x = Text::toText(position[0]);
         y = Text::toText(position[1]);
         entry.assign(1, symbol);
-        const bool isColored = palette_.Contains(static_cast<unsigned char>(symbol));
         line.clear();
-        (isColored ? bead : cross).render(line, values);
+        (palette_.Contains(symbol) ? bead : cross).render(line, values);
         out.write(line);
         usage.count(symbol);
-    });
+    }
 }
 
 /// The beads used of each palette colour, most used first, as rows of a TikZ matrix.
 std::string InstructionDocument::usageRows(const Usage& usage) const {
     constexpr std::size_t kRowEntries = 8;
     std::string symbols;
-    for (unsigned symbol = 0; symbol < Palette::kSlots; ++symbol)
-        if (palette_.Contains(static_cast<unsigned char>(symbol)) &&
-            usage[static_cast<char>(symbol)] > 0)
-            symbols += static_cast<char>(symbol);
+    for (const auto& [symbol, color] : palette_)
+        if (usage[symbol] > 0)
+            symbols += symbol;
     std::ranges::stable_sort(symbols, std::greater{}, [&](char symbol) { return usage[symbol]; });
 
     const Web::ReplaceComponent entry{kUsageEntry};

@@ -30,11 +30,10 @@ public:
 private:
     using Usage = DenseHistogram<char>;
 
-    Usage writeBlock(Text::TextWriter& out, PatternStyle style, const Pattern::Layer& layer);
+    Usage writeBlock(Text::TextWriter& out, const LayerView& layer);
     void render(Text::TextWriter& out, const Web::Component& part) const;
     std::string paletteLines() const;
-    void writeBeads(Text::TextWriter& out, PatternStyle style, const Pattern::Layer& layer,
-                    Usage& usage) const;
+    void writeBeads(Text::TextWriter& out, const LayerView& layer, Usage& usage) const;
     std::string usageRows(const Usage& usage) const;
 
     const Palette& palette_;

@@ -104,7 +104,7 @@ std::error_code OutputFile::createBeside() {
         written_ = target_;
         written_ += kSuffix;
         if (number > 1)
-            (written_ += "-") += std::to_string(number);
+            written_ += '-' + std::to_string(number);
         undo_.watch(written_);
         error = createFile(written_);
         if (!error)

@@ -2,9 +2,11 @@
 
 #include "app/OutputFile.h"
 #include "app/Platform.h"
+#include "core/BufferedWriteStream.h"
 #include "core/Console.h"
 #include "core/Exception.h"
 #include "migration/CodecSelection.h"
+#include "migration/ImageSignal.h"
 
 namespace VORN {
 
@@ -17,7 +19,9 @@ bool saveOutput(const std::string& name, const std::function<void(WriteStream&)>
         return false;
     }
     CppOutStream stream{file.stream()};
-    write(stream);
+    BufferedWriteStream pieces{stream};
+    write(pieces);
+    pieces.flush();
     file.finish();
     return true;
 }
@@ -40,11 +44,11 @@ bool savePattern(const std::string& name, const Pattern& pattern) {
     return saveOutput(name, [&](WriteStream& out) { writeText(pattern, out); });
 }
 
-bool saveImage(const std::string& name, const Migration::ImageSignal<unsigned char>& image) {
+bool savePicture(const std::string& name, const Picture& picture) {
     const auto exporter = Migration::chooseExporter(name);
     return saveOutput(name, [&](WriteStream& out) {
         exporter->setStream(&out);
-        image.exportImage(*exporter);
+        Migration::ImageSignal<unsigned char>{picture.signal()}.exportImage(*exporter);
     });
 }
 

@@ -3,8 +3,8 @@
 #include "app/CommonOptions.h"
 #include "beads/Palette.h"
 #include "beads/Pattern.h"
+#include "beads/Picture.h"
 #include "core/TextWriter.h"
-#include "migration/ImageSignal.h"
 
 #include <functional>
 #include <string>
@@ -19,7 +19,7 @@ bool savePalette(const std::string& name, const Palette& palette);
 /// Writes a pattern file.
 bool savePattern(const std::string& name, const Pattern& pattern);
 /// Writes a picture. The format is chosen by the extension of the name, which must be a known one.
-bool saveImage(const std::string& name, const Migration::ImageSignal<unsigned char>& image);
+bool savePicture(const std::string& name, const Picture& picture);
 
 /// Writes the file that was given or, without one, standard output.
 bool savePattern(const TextOption& output, const Pattern& pattern);

@@ -7,9 +7,9 @@
 using namespace VORN;
 
 int PaletteSubcommand::run() {
-    Migration::ImageSignal<unsigned char> picture;
+    Picture picture;
     if (!loadPicture(pictureFile_.get(), picture))
         return 1;
-    const Palette palette = generatePalette(PictureView{picture});
+    const Palette palette = generatePalette(picture);
     return savePalette(paletteFile_.get(), palette) ? 0 : 1;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/KavrinSubcommand.h"
-#include "beads/PaletteMatcher.h"
 #include "beads/PictureConversion.h"
 
 /// Turns a picture into a bead pattern against a palette.
@@ -14,10 +13,7 @@ public:
     int run() override;
 
 private:
-    std::optional<VORN::ColorBox> transparentColors(const VORN::PictureView& picture) const;
-    VORN::PaletteMatcher::Weights weights() const;
-    int convert(VORN::PictureView picture, const std::optional<VORN::ColorBox>& transparent,
-                const VORN::Palette& palette) const;
+    VORN::ConversionOptions options() const;
 
     VORN::TextOption pictureFile_{positional("input picture; importer chosen by extension"),
                                   "picture file"};

@@ -34,10 +34,10 @@ int ShowSubcommand::run() {
         complain(imageFile_.get() + " is not a supported format. ");
         return 1;
     }
-    Migration::ImageSignal<unsigned char> image;
+    Picture picture;
     for (std::size_t layer = 0; layer < pattern.layerCount(); ++layer) {
-        drawLayer(pattern, layer, palette, beadSize_.get(), background_.color(), image);
-        if (!saveImage(layerFile(imageFile_.get(), layer), image))
+        drawLayer(pattern.view(layer), palette, beadSize_.get(), background_.color(), picture);
+        if (!savePicture(layerFile(imageFile_.get(), layer), picture))
             return 1;
     }
     return 0;

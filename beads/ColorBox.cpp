@@ -10,14 +10,20 @@ unsigned char clampToByte(float value) {
     return static_cast<unsigned char>(std::clamp(value, 0.0F, 255.0F));
 }
 
+unsigned char lowest(float centre, float threshold) {
+    return clampToByte(std::floor(static_cast<float>((centre - threshold) * 255.0)));
+}
+
+unsigned char highest(float centre, float threshold) {
+    return clampToByte(std::ceil(static_cast<float>((centre + threshold) * 255.0)));
+}
+
 } // namespace
 
-ColorBox::ColorBox(const Color& centre, float threshold) {
-    for (std::size_t channel = 0; channel < 3; ++channel) {
-        const float c = centre[channel];
-        low_[channel] = clampToByte(std::floor(static_cast<float>((c - threshold) * 255.0)));
-        high_[channel] = clampToByte(std::ceil(static_cast<float>((c + threshold) * 255.0)));
-    }
-}
+ColorBox::ColorBox(const Color& centre, float threshold)
+    : low_{lowest(centre[0], threshold), lowest(centre[1], threshold),
+           lowest(centre[2], threshold)},
+      high_{highest(centre[0], threshold), highest(centre[1], threshold),
+            highest(centre[2], threshold)} {}
 
 } // namespace VORN

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "core/Color.h"
-
-#include <array>
+#include "beads/Picture.h"
 
 namespace VORN {
 
@@ -12,15 +10,15 @@ public:
     /// All bytes within `threshold` of `centre`, both in 0.0-1.0, rounded outwards.
     ColorBox(const Color& centre, float threshold);
 
-    /// Whether each of the three bytes lies in its range, bounds included.
-    bool contains(const unsigned char* rgb) const {
-        return low_[0] <= rgb[0] && rgb[0] <= high_[0] && low_[1] <= rgb[1] && rgb[1] <= high_[1] &&
-               low_[2] <= rgb[2] && rgb[2] <= high_[2];
+    /// Whether each channel lies in its range, bounds included.
+    bool contains(const Rgb& pixel) const {
+        return low_.red <= pixel.red && pixel.red <= high_.red && low_.green <= pixel.green &&
+               pixel.green <= high_.green && low_.blue <= pixel.blue && pixel.blue <= high_.blue;
     }
 
 private:
-    std::array<unsigned char, 3> low_{};
-    std::array<unsigned char, 3> high_{};
+    Rgb low_;
+    Rgb high_;
 };
 
 } // namespace VORN

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "beads/LazyTable.h"
+#include "beads/Picture.h"
 
 #include <array>
 #include <cstdint>
@@ -18,23 +19,23 @@ consteval std::array<std::uint32_t, 256> spreadBytes(unsigned channel) {
 }
 
 /// The slot of a colour, below 2^24.
-inline std::size_t colorSlot(const unsigned char* rgb) {
+inline std::size_t colorSlot(const Rgb& color) {
     static constexpr std::array<std::array<std::uint32_t, 256>, 3> kPlaces{
         spreadBytes(0), spreadBytes(1), spreadBytes(2)};
-    return kPlaces[0][rgb[0]] | kPlaces[1][rgb[1]] | kPlaces[2][rgb[2]];
+    return kPlaces[0][color.red] | kPlaces[1][color.green] | kPlaces[2][color.blue];
 }
 
-/// Remembers one byte for each colour of three bytes.
+/// Remembers one character for each colour of three bytes.
 ///
 /// A table of 2^24 bytes, of which only the pages are ever touched whose colours occur; colours
 /// close to each other share cache lines.
 class ColorCache {
 public:
-    /// The byte remembered for a colour, 0 at first.
-    std::uint8_t& operator[](const unsigned char* rgb) { return table_[colorSlot(rgb)]; }
+    /// The character remembered for a colour, 0 at first.
+    char& operator[](const Rgb& color) { return table_[colorSlot(color)]; }
 
 private:
-    LazyTable<std::uint8_t, std::size_t{1} << 24U> table_;
+    LazyTable<char, std::size_t{1} << 24U> table_;
 };
 
 } // namespace VORN

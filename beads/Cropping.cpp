@@ -25,13 +25,13 @@ struct Columns {
     std::size_t last;
 };
 
-Columns opaqueColumns(std::span<const unsigned char> row, const ColorBox& transparent) {
-    const std::size_t width = row.size() / 3;
+Columns opaqueColumns(const PixelRow& row, const ColorBox& transparent) {
+    const std::size_t width = row.width();
     std::size_t first = 0;
-    while (first < width && transparent.contains(&row[3 * first]))
+    while (first < width && transparent.contains(row[first]))
         ++first;
     std::size_t last = width;
-    while (last > first && transparent.contains(&row[3 * (last - 1)]))
+    while (last > first && transparent.contains(row[last - 1]))
         --last;
     return {first, last};
 }
@@ -39,58 +39,37 @@ Columns opaqueColumns(std::span<const unsigned char> row, const ColorBox& transp
 } // namespace
 
 Color pickColor(const PictureView& picture, unsigned x, unsigned y) {
-    requireBelow(x, picture.size()[1]);
-    requireBelow(y, picture.size()[2]);
-    const unsigned fromBottom = picture.size()[2] - 1 - y;
-    const unsigned char* pixel = &picture[{0U, x, fromBottom}];
-    return {toComponent(pixel[0]), toComponent(pixel[1]), toComponent(pixel[2])};
+    requireBelow(x, picture.width());
+    requireBelow(y, picture.height());
+    return toColor(picture.row(y)[x]);
 }
 
-void crop(Picture& picture, const PictureRegion& region) {
-    const std::uint64_t right = std::uint64_t{region.origin()[0]} + region.extent()[0];
-    const std::uint64_t bottom = std::uint64_t{region.origin()[1]} + region.extent()[1];
-    requireAtMost(right, picture.size()[1]);
-    requireAtMost(bottom, picture.size()[2]);
-
-    const Tuple<3, unsigned> size{3U, region.extent()[0], region.extent()[1]};
-    if (sampleCount(size) == 0)
-        return picture.Resize(size);
-
-    // Rows only move towards the front, past those that were moved before.
-    const std::size_t stride = std::size_t{3} * picture.size()[1];
-    const std::size_t rowBytes = std::size_t{3} * region.extent()[0];
-    unsigned char* samples = picture.samples().data();
-    const unsigned char* from =
-        samples + (picture.size()[2] - bottom) * stride + std::size_t{3} * region.origin()[0];
-    for (std::size_t row = 0; row < region.extent()[1]; ++row)
-        std::copy_n(from + row * stride, rowBytes, samples + row * rowBytes);
-    picture.Resize(size);
+PictureView crop(const PictureView& picture, const PictureRegion& region) {
+    const auto& [x, y] = std::pair{region.origin()[0], region.origin()[1]};
+    const auto& [width, height] = std::pair{region.extent()[0], region.extent()[1]};
+    requireAtMost(std::uint64_t{x} + width, picture.width());
+    requireAtMost(std::uint64_t{y} + height, picture.height());
+    return picture.region(x, y, width, height);
 }
 
 PictureRegion opaqueRegion(const PictureView& picture, const ColorBox& transparent) {
-    const unsigned width = picture.size()[1];
-    const unsigned height = picture.size()[2];
-    if (picture.count() == 0)
-        return {{}, {width, height}};
-    std::size_t left = width;
+    std::size_t left = picture.width();
     std::size_t right = 0;
-    unsigned bottomRow = height; // both count from the bottom of the picture
-    unsigned topRow = 0;
-    for (unsigned y = 0; y < height; ++y) {
-        const std::size_t rowBytes = std::size_t{3} * width;
-        const Columns opaque =
-            opaqueColumns(picture.samples().subspan(y * rowBytes, rowBytes), transparent);
+    unsigned top = picture.height();
+    unsigned bottom = 0; // excluded
+    for (unsigned y = 0; y < picture.height(); ++y) {
+        const Columns opaque = opaqueColumns(picture.row(y), transparent);
         if (opaque.first == opaque.last)
             continue;
         left = std::min(left, opaque.first);
         right = std::max(right, opaque.last);
-        bottomRow = std::min(bottomRow, y);
-        topRow = y;
+        top = std::min(top, y);
+        bottom = y + 1;
     }
     if (left >= right)
-        return {{}, {width, height}};
-    return {{static_cast<unsigned>(left), height - 1 - topRow},
-            {static_cast<unsigned>(right - left), topRow - bottomRow + 1}};
+        return {{}, {picture.width(), picture.height()}};
+    return {{static_cast<unsigned>(left), top},
+            {static_cast<unsigned>(right - left), bottom - top}};
 }
 
 } // namespace VORN

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "beads/BeadGeometry.h"
-#include "beads/Cropping.h"
 #include "beads/Palette.h"
+#include "beads/Pattern.h"
+#include "beads/Picture.h"
+#include "core/Hyperrectangle.h"
 
 namespace VORN {
 
 /// Where a layer lies in its picture: beads one pitch apart, half a pitch of margin around them.
 ///
-/// Pictures have y 0 at the bottom; the first text row of a layer is at the top.
+/// Places in the picture have y 0 at the bottom; the first text row of a layer is at the top.
 class LayerFrame {
 public:
     /// `beadSize` is the diameter of a bead in pixels, above 0; a pitch is 1.25 times as long. A
@@ -31,18 +32,13 @@ private:
     unsigned height_;
 };
 
-/// Paints every pixel whose centre lies within `radius` of `centre`, the edge included.
+/// Draws a layer into `picture`, which takes the size of its `LayerFrame`.
 ///
-/// `centre` and `radius` are in pixels; what falls outside the picture is left out. Time grows with
-/// the pixels painted only.
-void drawDisc(Picture& picture, const Point<2, float>& centre, float radius, const Color& color);
-
-/// Draws a layer of `pattern` into `picture`, which takes the size of its `LayerFrame`.
-///
-/// Beads of more than 1.5 pixels are discs on `background`, smaller ones fill the picture: each
-/// pixel takes the colour of the bead nearest to its corner (column, row). Beads whose symbol the
-/// palette does not hold show the background.
-void drawLayer(const Pattern& pattern, std::size_t layer, const Palette& palette, float beadSize,
+/// Beads of more than 1.5 pixels are discs on `background`: every pixel whose centre lies within
+/// half a bead of the bead's, the edge included. Smaller ones fill the picture: each pixel takes
+/// the colour of the bead nearest to its corner (column, row). Beads whose symbol the palette does
+/// not hold show the background.
+void drawLayer(const LayerView& layer, const Palette& palette, float beadSize,
                const Color& background, Picture& picture);
 
 } // namespace VORN

@@ -5,31 +5,28 @@
 
 namespace VORN {
 
-void fillWithPalette(const Palette& palette, PatternStyle style, Pattern::Layer& layer) {
-    const BeadGeometry geometry{style, layer.size};
-    const std::size_t end = layer.content.size();
-    std::size_t bead = geometry.nextBead(0, end);
-    for (unsigned symbol = 0; symbol < Palette::kSlots && bead < end; ++symbol) {
-        if (!palette.Contains(static_cast<unsigned char>(symbol)))
-            continue;
-        layer.content[bead] = static_cast<char>(symbol);
-        bead = geometry.nextBead(bead + 1, end);
+void fillWithPalette(const Palette& palette, const LayerShape& shape, std::string& content) {
+    auto entry = palette.begin();
+    for (const Bead& bead : shape.beads(content.size())) {
+        if (entry == palette.end())
+            return;
+        content[bead.position] = (*entry).symbol;
+        ++entry;
     }
 }
 
-void reshapeLayer(PatternStyle inputStyle, const Pattern::Layer& input, PatternStyle outputStyle,
-                  Pattern::Layer& output) {
-    const BeadGeometry geometry{outputStyle, output.size};
-    const Hyperrectangle<2, float> box = BeadGeometry{inputStyle, input.size}.box();
+void reshapeLayer(const LayerView& input, const LayerShape& shape, std::string& content) {
+    const BeadGeometry geometry{shape};
+    const Hyperrectangle<2, float> box = BeadGeometry{input.shape}.box();
     const Vector<2, float> offset = box.centre() - geometry.box().centre();
-    const NearestBead nearestBead{inputStyle, input};
-    forEachBead(geometry, output.content.size(), [&](std::size_t i) {
-        const Point<2, float> place = geometry.position(i) + offset;
+    const NearestBead nearestBead{input};
+    for (const Bead& bead : shape.beads(content.size())) {
+        const Point<2, float> place = geometry.position(bead) + offset;
         if (!box.contains(place))
-            return;
+            continue;
         if (const auto nearest = nearestBead.find(place))
-            output.content[i] = input.content[*nearest];
-    });
+            content[bead.position] = input.content[*nearest];
+    }
 }
 
 } // namespace VORN

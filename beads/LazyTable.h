@@ -20,7 +20,7 @@ public:
     }
 
     /// `index` is below `Count`.
-    Value& operator[](std::size_t index) const { return values_[index]; }
+    Value& operator[](std::size_t index) { return values_[index]; }
 
 private:
     struct Free {

@@ -24,15 +24,6 @@ Window windowAround(double centre, std::size_t count) {
     return {first, std::min(first + kWidth, count)};
 }
 
-/// The rows or rings that content of that length takes, the last perhaps in part.
-std::size_t rowsOf(const BeadGeometry& geometry, std::size_t length) {
-    if (length == 0)
-        return 0;
-    if (geometry.style() == PatternStyle::Circle)
-        return ringOf(length - 1) + 1;
-    return geometry.rowLength() > 0 ? (length - 1) / geometry.rowLength() + 1 : 0;
-}
-
 /// `box` with a margin of one bead pitch on every side.
 Hyperrectangle<2, float> widened(const Hyperrectangle<2, float>& box) {
     const Point<2, float>& origin = box.origin();
@@ -70,23 +61,23 @@ private:
     float distance_ = 0.0F;
 };
 
-NearestBead::NearestBead(PatternStyle style, const Pattern::Layer& layer)
-    : geometry_{style, layer.size},
+NearestBead::NearestBead(const LayerView& layer)
+    : geometry_{layer.shape},
       length_{layer.content.size()},
-      rows_{rowsOf(geometry_, length_)},
+      rows_{layer.shape.rowsIn(length_)},
       near_{widened(geometry_.box())} {
-    if (style != PatternStyle::Circle)
+    if (layer.shape.style() != PatternStyle::Circle)
         return;
     ringed_.reserve(length_);
-    for (std::size_t i = 0; i < length_; ++i)
-        ringed_.push_back(geometry_.position(i));
+    for (const Bead& bead : layer.beads())
+        ringed_.push_back(geometry_.position(bead));
 }
 
 std::optional<std::size_t> NearestBead::find(const Point<2, float>& point) const {
     Best best{point};
     if (!near_.contains(point))
         walk(best);
-    else if (geometry_.style() == PatternStyle::Circle)
+    else if (geometry_.shape().style() == PatternStyle::Circle)
         searchRings(point, best);
     else
         searchGrid(point, best);
@@ -97,20 +88,21 @@ std::optional<std::size_t> NearestBead::find(const Point<2, float>& point) const
 // and three columns hold the nearest bead. Windows at the end of the grid begin earlier, which
 // takes in a complete row where the last one is not.
 void NearestBead::searchGrid(const Point<2, float>& point, Best& best) const {
-    const std::size_t rowLength = geometry_.rowLength();
+    const LayerShape& shape = geometry_.shape();
+    const std::size_t rowLength = shape.rowLength(0);
     if (rowLength == 0 || length_ == 0)
         return;
     Best nearest = best; // a copy of its own, which the compiler keeps in registers
-    const bool isHex = geometry_.style() == PatternStyle::Hex;
-    const double rowPitch = isHex ? std::numbers::sqrt3 * 0.5 : 1.0;
+    const bool isHex = shape.style() == PatternStyle::Hex;
+    const double rowPitch = isHex ? BeadGeometry::kHexRowPitch : 1.0;
     const Window rows = windowAround(point[1] / rowPitch, rows_);
     for (std::size_t row = rows.first; row < rows.last; ++row) {
         const std::size_t start = row * rowLength;
         const std::size_t count = std::min(rowLength, length_ - start);
         const Window columns = windowAround(point[0] / (isHex ? 0.5 : 1.0), count);
         for (std::size_t column = columns.first; column < columns.last; ++column)
-            if (!isHex || (row + column) % 2 == 0)
-                nearest.considerNext(start + column, geometry_.gridPosition(column, row));
+            if (shape.isBead(row, column))
+                nearest.considerNext(start + column, geometry_.gridPosition(row, column));
     }
     best = nearest;
 }
@@ -119,7 +111,7 @@ void NearestBead::searchRings(const Point<2, float>& point, Best& best) const {
     if (length_ == 0)
         return;
     const double turn = std::atan2(point[1], point[0]) / (2 * std::numbers::pi);
-    const double ring = std::sqrt(squaredDistance(point, Point<2, float>{})) / ringRadius(1);
+    const double ring = std::sqrt(squaredDistance(point, Point<2, float>{})) / BeadGeometry::ringRadius(1);
     const Window rings = windowAround(ring, rows_);
     for (std::size_t r = rings.first; r < rings.last; ++r)
         searchRing(r, turn, best);
@@ -132,11 +124,12 @@ void NearestBead::searchRing(std::size_t ring, double turn, Best& best) const {
         best.consider(0, ringed_[0]);
         return;
     }
-    const auto beads = static_cast<double>(6 * ring);
-    const std::size_t first = 3 * ring * (ring - 1) + 1;
-    const std::size_t last = std::min(first + 6 * ring, length_) - 1;
-    // The first bead of the ring stands at (ring - 1) / ring of a turn, that is 6 before its end.
-    const double place = std::round(turn * beads) + 6.0;
+    const auto beads = static_cast<double>(LayerShape::ringLength(ring));
+    const std::size_t first = LayerShape::ringBegin(ring);
+    const std::size_t last = std::min(first + LayerShape::ringLength(ring), length_) - 1;
+    // The first bead of the ring stands at (ring - 1) / ring of a turn; that is as many beads
+    // before its end as the first ring has.
+    const double place = std::round(turn * beads) + static_cast<double>(LayerShape::ringLength(1));
     for (const double step : {-1.0, 0.0, 1.0}) {
         const double offset = place + step - beads * std::floor((place + step) / beads);
         const std::size_t i = first + static_cast<std::size_t>(offset);
@@ -148,9 +141,9 @@ void NearestBead::searchRing(std::size_t ring, double turn, Best& best) const {
 }
 
 void NearestBead::walk(Best& best) const {
-    forEachBead(geometry_, length_, [&](std::size_t i) {
-        best.consider(i, ringed_.empty() ? geometry_.position(i) : ringed_[i]);
-    });
+    for (const Bead& bead : geometry_.shape().beads(length_))
+        best.considerNext(bead.position, ringed_.empty() ? geometry_.position(bead)
+                                                         : ringed_[bead.position]);
 }
 
 } // namespace VORN

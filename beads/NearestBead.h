@@ -1,6 +1,7 @@
 #pragma once
 
 #include "beads/BeadGeometry.h"
+#include "beads/Pattern.h"
 
 #include <optional>
 #include <vector>
@@ -11,10 +12,11 @@ namespace VORN {
 ///
 /// Gives exactly what a walk over all beads with `squaredDistance` in single precision gives, the
 /// lowest content position on equal distances, but looks only at the few beads around a point that
-/// lies in the layer's box or up to one pitch outside. The layer is borrowed and must outlive this.
+/// lies in the layer's box or up to one pitch outside; the benchmark `NearestBead` shows what each
+/// costs.
 class NearestBead {
 public:
-    NearestBead(PatternStyle style, const Pattern::Layer& layer);
+    explicit NearestBead(const LayerView& layer);
 
     /// The content position of the nearest bead; nothing where the layer has no beads.
     std::optional<std::size_t> find(const Point<2, float>& point) const;

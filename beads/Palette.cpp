@@ -54,22 +54,20 @@ void Palette::readLine(std::string_view line) {
     take(rest, kWhitespace);
     if (!matches || !rest.empty())
         throw ParseException{kNoOrigin, std::string{line}, "palette entry"};
-    Set(static_cast<unsigned char>(line.front()),
+    Set(line.front(),
         {Text::toFloat(numbers[0]), Text::toFloat(numbers[1]), Text::toFloat(numbers[2])});
 }
 
-void Palette::Set(unsigned char symbol, const Color& color) {
-    colors_[symbol] = color;
-    defined_.set(symbol);
+void Palette::Set(char symbol, const Color& color) {
+    colors_[slotOf(symbol)] = color;
+    defined_.set(slotOf(symbol));
 }
 
 void Palette::Write(Text::TextWriter& out) const {
-    for (unsigned symbol = 0; symbol < kSlots; ++symbol) {
-        if (!defined_[symbol])
-            continue;
-        std::string line(1, static_cast<char>(symbol));
+    for (const auto& [symbol, color] : *this) {
+        std::string line(1, symbol);
         for (std::size_t component = 0; component < 3; ++component)
-            line += ' ' + Text::toText(colors_[symbol][component]);
+            line += ' ' + Text::toText(color[component]);
         out.write(line + '\n');
     }
 }

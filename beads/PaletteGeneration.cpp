@@ -20,42 +20,24 @@ char nextSymbol(char symbol) {
     }
 }
 
-/// Gives every colour that it has not met before the next symbol.
-class ColorCollection {
-public:
-    /// `rgb` is `count` pixels of three bytes.
-    void add(const unsigned char* rgb, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i, rgb += 3) {
-            std::uint8_t& isKnown = known_[rgb];
-            if (isKnown != 0)
-                continue;
-            isKnown = 1;
-            define(rgb);
-        }
-    }
-    const Palette& palette() const { return palette_; }
-
-private:
-    void define(const unsigned char* rgb) {
-        palette_.Set(static_cast<unsigned char>(symbol_),
-                     {toComponent(rgb[0]), toComponent(rgb[1]), toComponent(rgb[2])});
-        symbol_ = nextSymbol(symbol_);
-    }
-
-    ColorCache known_;
-    Palette palette_;
-    char symbol_ = '0';
-};
-
 } // namespace
 
 Palette generatePalette(const PictureView& picture) {
-    ColorCollection colors;
-    const std::size_t width = picture.size()[1];
-    const std::size_t rows = width > 0 ? picture.size()[2] : 0;
-    for (std::size_t row = rows; row-- > 0;)
-        colors.add(picture.samples().data() + 3 * width * row, width);
-    return colors.palette();
+    constexpr char kMet = 1;
+    Palette palette;
+    ColorCache colors;
+    char symbol = '0';
+    for (unsigned y = 0; y < picture.height(); ++y) {
+        const PixelRow row = picture.row(y);
+        for (std::size_t x = 0; x < row.width(); ++x) {
+            if (colors[row[x]] == kMet)
+                continue;
+            colors[row[x]] = kMet;
+            palette.Set(symbol, toColor(row[x]));
+            symbol = nextSymbol(symbol);
+        }
+    }
+    return palette;
 }
 
 } // namespace VORN

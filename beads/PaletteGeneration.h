@@ -1,7 +1,7 @@
 #pragma once
 
-#include "beads/Cropping.h"
 #include "beads/Palette.h"
+#include "beads/Picture.h"
 
 namespace VORN {
 

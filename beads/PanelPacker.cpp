@@ -13,17 +13,13 @@ namespace {
 using Piece = Signal<2, char>;
 using Box = Hyperrectangle<2, unsigned>;
 
-bool isContent(const Palette& palette, char symbol) {
-    return palette.Contains(static_cast<unsigned char>(symbol));
-}
-
 /// The smallest box around the content; without any, the whole layer.
 Box contentBox(const Piece& layer, const Palette& palette) {
     Tuple<2, unsigned> first = layer.size();
     Tuple<2, unsigned> end;
     for (unsigned y = 0; y < layer.size()[1]; ++y) {
         for (unsigned x = 0; x < layer.size()[0]; ++x) {
-            if (!isContent(palette, layer[{x, y}]))
+            if (!palette.Contains(layer[{x, y}]))
                 continue;
             first = {std::min(first[0], x), std::min(first[1], y)};
             end = {std::max(end[0], x + 1), y + 1};
@@ -75,10 +71,10 @@ void PanelPacker::add(const Pattern& pattern, std::size_t layer) {
 
 /// Whether no bead of the piece is background.
 bool PanelPacker::isFull(const Piece& piece) const {
-    const BinarySignal<2, std::uint32_t> mask{piece.size()};
+    BinarySignal<2, std::uint32_t> mask{piece.size()};
     for (unsigned y = 0; y < piece.size()[1]; ++y)
         for (unsigned x = 0; x < piece.size()[0]; ++x)
-            if (isContent(palette_, piece[{x, y}]))
+            if (palette_.Contains(piece[{x, y}]))
                 mask.set(x, y);
     std::size_t count = 0;
     for (const std::uint32_t word : mask.words())

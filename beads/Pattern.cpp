@@ -3,42 +3,9 @@
 #include "core/BufferStream.h"
 #include "core/Console.h"
 
-#include <limits>
-
 namespace VORN {
 
 namespace {
-
-/// The size that `count` beads or rows have along one axis.
-unsigned toExtent(std::size_t count) {
-    constexpr std::uint64_t kMaximum = std::numeric_limits<unsigned>::max();
-    if (count > kMaximum)
-        throw BoundException<std::uint64_t>{kNoOrigin, count, kMaximum};
-    return static_cast<unsigned>(count);
-}
-
-/// The length that the content of a layer of that size has, neither component being 0.
-std::size_t contentLength(PatternStyle style, const Tuple<2, unsigned>& size) {
-    const std::uint64_t width = size[0];
-    std::uint64_t first = width;
-    std::uint64_t second = size[1];
-    if (style == PatternStyle::Hex)
-        first *= 2;
-    else if (style == PatternStyle::Circle)
-        second = 3 * (width - 1);
-    std::uint64_t length = 0;
-    if (__builtin_mul_overflow(first, second, &length) ||
-        length >= static_cast<std::uint64_t>(PTRDIFF_MAX))
-        throw AllocateException{kNoOrigin, "pattern layer"};
-    return static_cast<std::size_t>(style == PatternStyle::Circle ? length + 1 : length);
-}
-
-/// Sets a blank beside every bead of a hex layer: after it in even rows, before it in odd ones.
-void blankOffsets(std::string& content, std::size_t rowLength) {
-    for (std::size_t row = 0; row * rowLength < content.size(); ++row)
-        for (std::size_t column = row % 2 == 0 ? 1 : 0; column < rowLength; column += 2)
-            content[row * rowLength + column] = ' ';
-}
 
 /// Gathers the rows of one layer after the other.
 class LayerReader {
@@ -47,11 +14,11 @@ public:
 
     /// Returns false when the row has the wrong length.
     bool addRow(std::string_view row) {
-        ++rows_;
-        if (rows_ == 1)
-            width_ = row.size();
-        else if (row.size() != expectedLength())
+        if (rows_ == 0)
+            firstRowLength_ = row.size();
+        else if (row.size() != LayerShape::textRowLength(style_, firstRowLength_, rows_))
             return false;
+        ++rows_;
         content_ += row;
         return true;
     }
@@ -60,26 +27,17 @@ public:
     void closeLayer(Pattern& pattern) {
         if (rows_ == 0)
             return;
-        pattern.AddLayer(layerSize(), std::move(content_));
+        const LayerShape shape = LayerShape::ofText(style_, firstRowLength_, rows_);
+        pattern.AddLayer(shape.size(), std::move(content_));
         content_.clear();
         rows_ = 0;
     }
 
 private:
-    std::size_t expectedLength() const {
-        return style_ == PatternStyle::Circle ? 6 * (rows_ - 1) : width_;
-    }
-    Tuple<2, unsigned> layerSize() const {
-        const unsigned rows = toExtent(rows_);
-        if (style_ == PatternStyle::Circle)
-            return {rows, rows};
-        return {toExtent(style_ == PatternStyle::Hex ? width_ / 2 : width_), rows};
-    }
-
     PatternStyle style_;
     std::string content_;
     std::size_t rows_ = 0;
-    std::size_t width_ = 0; // characters in the first row
+    std::size_t firstRowLength_ = 0; // characters
 };
 
 /// Takes the next line away from `text`; CR LF, a lone CR and a lone LF each end a line.
@@ -95,13 +53,6 @@ std::string_view takeLine(std::string_view& text) {
 }
 
 } // namespace
-
-std::optional<PatternStyle> patternStyleNamed(std::string_view name) {
-    const auto* const found = std::ranges::find(kPatternStyleNames, name);
-    if (found == kPatternStyleNames.end())
-        return std::nullopt;
-    return static_cast<PatternStyle>(found - kPatternStyleNames.begin());
-}
 
 bool Pattern::Read(ReadStream& in) {
     layers_.clear();
@@ -133,13 +84,12 @@ void Pattern::Write(Text::TextWriter& out) const {
     out.write(kPatternStyleNames.at(static_cast<std::size_t>(style)));
     out.write("\n\n");
     for (const Layer& layer : layers_) {
+        const LayerShape shape{style, layer.size};
         std::string_view rest = layer.content;
-        const std::size_t width = std::size_t{layer.size[0]} * (style == PatternStyle::Hex ? 2 : 1);
         for (std::size_t row = 0; !rest.empty(); ++row) {
-            std::size_t length = width > 0 ? width : rest.size();
-            if (style == PatternStyle::Circle)
-                length = row == 0 ? 1 : 6 * row;
-            const std::string_view line = rest.substr(0, length);
+            const std::size_t length = shape.rowLength(row);
+            // Rows of a hex layer of width 0 are not told apart.
+            const std::string_view line = rest.substr(0, length > 0 ? length : rest.size());
             out.write(line);
             out.endLine();
             rest.remove_prefix(line.size());
@@ -154,11 +104,12 @@ std::size_t Pattern::AddLayer(const Tuple<2, unsigned>& size, std::string conten
 }
 
 std::size_t Pattern::AddFilledLayer(const Tuple<2, unsigned>& size, char symbol) {
-    if (size[0] == 0 || size[1] == 0)
-        return AddLayer(size, {});
-    std::string content(contentLength(style, size), symbol);
-    if (style == PatternStyle::Hex)
-        blankOffsets(content, 2 * std::size_t{size[0]});
+    const LayerShape shape{style, size};
+    if (shape.beadStep() == 1)
+        return AddLayer(size, std::string(shape.contentLength(), symbol));
+    std::string content(shape.contentLength(), ' ');
+    for (const Bead& bead : shape.beads(content.size()))
+        content[bead.position] = symbol;
     return AddLayer(size, std::move(content));
 }
 

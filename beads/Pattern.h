@@ -1,42 +1,33 @@
 #pragma once
 
+#include "beads/LayerShape.h"
 #include "core/Signal.h"
 #include "core/Stream.h"
 #include "core/TextWriter.h"
 
-#include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace VORN {
 
-/// How the beads of a layer are arranged.
-enum class PatternStyle : unsigned {
-    Square, // w columns by h rows
-    Hex,    // h rows of w beads, every second row shifted by half a bead
-    Circle, // rings of 6, 12, 18, ... beads around one
-};
-
-/// The names of the styles in the order of their values.
-constexpr std::array<std::string_view, 3> kPatternStyleNames{"square", "hex", "circle"};
-
-/// The style of that name, which must match exactly.
-std::optional<PatternStyle> patternStyleNamed(std::string_view name);
-
 /// The symbol of a bead that is not set.
 constexpr char kNoBead = '.';
+
+/// The symbols of a layer with its shape. The symbols are owned elsewhere.
+struct LayerView {
+    LayerShape shape;
+    std::string_view content;
+
+    LayerShape::Beads beads() const { return shape.beads(content.size()); }
+};
 
 /// What is built with beads: layers of palette symbols, one character a bead.
 class Pattern {
 public:
     struct Layer {
-        /// The symbols as the file has them: row after row, or centre and ring after ring. Rows of
-        /// hex layers hold two characters a bead, one of them a blank.
-        std::string content;
-        /// Width and height in beads; both are the number of text rows in a circle layer.
-        Tuple<2, unsigned> size;
+        std::string content;     // the symbols as the file has them, see `LayerShape`
+        Tuple<2, unsigned> size; // width and height in beads
     };
 
     PatternStyle style = PatternStyle::Square;
@@ -65,6 +56,8 @@ public:
     /// An index at or above the layer count throws `std::out_of_range`.
     const Layer& layer(std::size_t index) const { return layers_.at(index); }
     Layer& layer(std::size_t index) { return layers_.at(index); }
+    LayerShape shape(std::size_t index) const { return {style, layer(index).size}; }
+    LayerView view(std::size_t index) const { return {shape(index), layer(index).content}; }
 
 private:
     void requireSquare() const;

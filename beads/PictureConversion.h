@@ -4,17 +4,38 @@
 #include "beads/PaletteMatcher.h"
 #include "beads/Pattern.h"
 
+#include <optional>
+
 namespace VORN {
 
-/// Sets every bead of the first layer to the palette colour nearest to the picture at its place.
-///
-/// The box of the layer is laid over the picture, corner pixels' centres in its corners, the first
-/// text row at the picture's top; between pixels the picture is interpolated. Beads on colours of
-/// `transparent`, where given, stay as they are, and so do all beads of an empty picture.
-void matchBeads(const PictureView& picture, const PaletteMatcher& matcher,
-                const std::optional<ColorBox>& transparent, Pattern& pattern);
+/// How a picture is to be turned into a pattern; each step is left out where nothing is given.
+struct ConversionOptions {
+    /// The colour that counts as transparent; else that of the pixel at `transparentPosition`,
+    /// counted from the top left corner of the whole picture.
+    std::optional<Color> transparentColor;
+    std::optional<Tuple<2, unsigned>> transparentPosition;
+    float transparentThreshold = 0.05F; // how far a channel may be off, in 0.0-1.0
 
-/// The picture's pixels, from the top row on, as palette symbols with error diffusion.
-std::string dither(const PictureView& picture, const PaletteMatcher& matcher);
+    std::optional<PictureRegion> crop;
+    bool cropsTransparentBorders = false;
+    std::optional<LayerShape> pegboard; // else a square layer with a bead for every pixel
+    ColorDistance distance = RgbDistance{};
+    bool dithers = false;
+};
+
+enum class ConversionResult {
+    Converted,
+    NoTransparentColor,  // borders cannot be cropped, as nothing counts as transparent
+    DitheringNeedsSquare // another style cannot be dithered
+};
+
+/// Turns a picture into the only layer of `pattern`, which is empty before.
+///
+/// The picture is cropped, brought to about one pixel for each bead pitch of the pegboard and
+/// matched with the palette, bead by bead or with dithering; a dithered layer has a bead for every
+/// pixel left then. A position or region outside the picture is a `BoundException`, a layer too
+/// large for memory an `AllocateException`. Unless converted, the pattern has no meaning.
+ConversionResult convertPicture(PictureView picture, const Palette& palette,
+                                const ConversionOptions& options, Pattern& pattern);
 
 } // namespace VORN

@@ -1,5 +1,7 @@
 #include "beads/Scaling.h"
 
+#include <vector>
+
 namespace VORN {
 
 namespace {
@@ -59,48 +61,48 @@ void accumulate(std::span<const unsigned char> row, Sum weight, std::span<Sum> s
 }
 
 /// Makes the pixels of one target row out of the weighted column sums of its source rows.
-template <class Sum>
+template <class Sum, unsigned Channels>
 void reduceRow(std::span<const Sum> columns, const Resampling& across, std::uint64_t total,
                std::span<unsigned char> row) {
-    for (std::size_t x = 0; 3 * x < row.size(); ++x) {
-        std::array<std::uint64_t, 3> sums{};
+    for (std::size_t x = 0; Channels * x < row.size(); ++x) {
+        std::array<std::uint64_t, Channels> sums{};
         across.forEach(x, [&](std::uint64_t from, std::uint64_t weight) {
-            for (std::size_t channel = 0; channel < 3; ++channel)
-                sums[channel] += weight * columns[3 * from + channel];
+            for (std::size_t channel = 0; channel < Channels; ++channel)
+                sums[channel] += weight * columns[Channels * from + channel];
         });
-        for (std::size_t channel = 0; channel < 3; ++channel)
-            row[3 * x + channel] = static_cast<unsigned char>((sums[channel] + total / 2) / total);
+        for (std::size_t channel = 0; channel < Channels; ++channel)
+            row[Channels * x + channel] =
+                static_cast<unsigned char>((sums[channel] + total / 2) / total);
     }
 }
 
-template <class Sum>
-void scaleRows(const PictureView& picture, const Resampling& down, Signal<3, unsigned char>& out) {
-    const Resampling across{picture.size()[1], out.size()[1]};
+template <class Sum, unsigned Channels>
+void scaleRows(const PictureView& picture, const Resampling& down, Picture& out) {
+    const Resampling across{picture.width(), out.width()};
     const std::uint64_t total = down.total() * across.total();
-    const std::size_t rowBytes = std::size_t{3} * picture.size()[1];
-    const std::size_t outBytes = std::size_t{3} * out.size()[1];
-    std::vector<Sum> columns(rowBytes);
-    for (std::size_t y = 0; y < out.size()[2]; ++y) {
+    std::vector<Sum> columns(std::size_t{Channels} * picture.width());
+    // Weights lean neither up nor down, so counting rows from the top or the bottom is the same.
+    for (std::size_t y = 0; y < out.height(); ++y) {
         std::ranges::fill(columns, Sum{0});
         down.forEach(y, [&](std::uint64_t from, std::uint64_t weight) {
-            accumulate<Sum>(picture.samples().subspan(from * rowBytes, rowBytes),
-                            static_cast<Sum>(weight), columns);
+            accumulate<Sum>(picture.row(from).samples(), static_cast<Sum>(weight), columns);
         });
-        reduceRow<Sum>(columns, across, total, out.samples().subspan(y * outBytes, outBytes));
+        reduceRow<Sum, Channels>(columns, across, total, out.rowSamples(y));
     }
 }
 
 } // namespace
 
-Signal<3, unsigned char> scale(const PictureView& picture, unsigned width, unsigned height) {
-    Signal<3, unsigned char> scaled{{3U, width, height}};
-    const Resampling down{picture.size()[2], height};
+Picture scale(const PictureView& picture, unsigned width, unsigned height) {
+    Picture scaled{width, height, picture.channels()};
+    const Resampling down{picture.height(), height};
+    const bool isGrey = picture.channels() == 1;
     // Column sums stay below 256 times the total weight of a column.
     constexpr std::uint64_t kNarrow = std::uint64_t{1} << 24;
     if (down.total() <= kNarrow)
-        scaleRows<std::uint32_t>(picture, down, scaled);
+        (isGrey ? scaleRows<std::uint32_t, 1> : scaleRows<std::uint32_t, 3>)(picture, down, scaled);
     else
-        scaleRows<std::uint64_t>(picture, down, scaled);
+        (isGrey ? scaleRows<std::uint64_t, 1> : scaleRows<std::uint64_t, 3>)(picture, down, scaled);
     return scaled;
 }
 

@@ -13,11 +13,11 @@ void drawLayer(benchmark::State& state, PatternStyle style) {
     pattern.AddFilledLayer({200U, 200U}, 'a');
     const Palette palette = Bench::palette(256);
     const float beadSize = static_cast<float>(state.range(0)) / 10.0F;
-    Signal<3, unsigned char> picture;
+    Picture picture;
     for (auto _ : state)
-        VORN::drawLayer(pattern, 0, palette, beadSize, {}, picture);
-    state.SetItemsProcessed(state.iterations() *
-                            static_cast<std::int64_t>(picture.count() / 3)); // pixels
+        VORN::drawLayer(pattern.view(0), palette, beadSize, {}, picture);
+    state.SetItemsProcessed(state.iterations() * std::int64_t{picture.width()} *
+                            picture.height()); // pixels
 }
 BENCHMARK_CAPTURE(drawLayer, square, PatternStyle::Square)
     ->Name("DrawLayer/square")

@@ -1,4 +1,4 @@
-#include "beads/PictureConversion.h"
+#include "beads/Dithering.h"
 #include "bench/SampleData.h"
 
 #include <benchmark/benchmark.h>
@@ -8,12 +8,10 @@ namespace {
 
 /// Arguments: palette colours, whether they are compared as HSV.
 void ditherPicture(benchmark::State& state) {
-    const PaletteMatcher::Weights weights =
-        state.range(1) != 0 ? PaletteMatcher::Weights{{1, 1, 1}} : PaletteMatcher::Weights{};
-    const PaletteMatcher matcher{Bench::palette(static_cast<unsigned>(state.range(0))), weights};
+    const PaletteMatcher matcher = Bench::matcher(state.range(0), state.range(1) != 0);
     const auto picture = Bench::photo(1000, 1000);
     for (auto _ : state)
-        benchmark::DoNotOptimize(dither(PictureView{picture}, matcher));
+        benchmark::DoNotOptimize(dither(picture, matcher));
     state.SetItemsProcessed(state.iterations() * 1000 * 1000); // pixels
 }
 BENCHMARK(ditherPicture)

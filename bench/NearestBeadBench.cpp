@@ -12,8 +12,8 @@ void nearestBead(benchmark::State& state, PatternStyle style) {
     Pattern pattern;
     pattern.style = style;
     pattern.AddFilledLayer({kSize, kSize}, 'a');
-    const NearestBead beads{style, pattern.layer(0)};
-    const LayerFrame frame{BeadGeometry{style, {kSize, kSize}}.box(), 1.0F};
+    const NearestBead beads{pattern.view(0)};
+    const LayerFrame frame{BeadGeometry{pattern.shape(0)}.box(), 1.0F};
     for (auto _ : state)
         for (unsigned y = 0; y < 500; ++y)
             for (unsigned x = 0; x < 500; ++x)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "beads/Palette.h"
+#include "beads/PaletteMatcher.h"
 #include "core/Signal.h"
 
 #include <cstdint>
@@ -41,9 +41,16 @@ inline Palette palette(unsigned colors) {
     for (unsigned symbol = 0; symbol < colors; ++symbol) {
         const float red = component();
         const float green = component();
-        made.Set(static_cast<unsigned char>(symbol), {red, green, component()});
+        made.Set(static_cast<char>(symbol), {red, green, component()});
     }
     return made;
+}
+
+/// A matcher of as many colours, in RGB or HSV.
+inline PaletteMatcher matcher(std::int64_t colors, bool isHsv) {
+    const Palette made = palette(static_cast<unsigned>(colors));
+    return isHsv ? PaletteMatcher{made, HsvDistance{{1, 1, 1}}}
+                 : PaletteMatcher{made, RgbDistance{}};
 }
 
 } // namespace VORN::Bench

@@ -13,10 +13,12 @@ public:
     static constexpr unsigned kWordBits = std::numeric_limits<T>::digits;
 
     const Tuple<N, unsigned>& size() const { return size_; }
-    std::span<T> words() const { return {words_, wordCount(size_)}; }
+    std::span<const T> words() const { return {words_, wordCount(size_)}; }
 
-    bool get(unsigned x, unsigned y) const { return (word(x, y) >> (x % kWordBits) & 1) != 0; }
-    void set(unsigned x, unsigned y) const { word(x, y) |= T{1} << (x % kWordBits); }
+    bool get(unsigned x, unsigned y) const {
+        return (words_[wordIndex(x, y)] >> (x % kWordBits) & 1) != 0;
+    }
+    void set(unsigned x, unsigned y) { words_[wordIndex(x, y)] |= T{1} << (x % kWordBits); }
 
 protected:
     static std::size_t rowWords(unsigned width) {
@@ -31,12 +33,15 @@ protected:
     }
 
 private:
-    T& word(unsigned x, unsigned y) const { return words_[y * rowWords(size_[0]) + x / kWordBits]; }
+    std::size_t wordIndex(unsigned x, unsigned y) const {
+        return y * rowWords(size_[0]) + x / kWordBits;
+    }
 
     Tuple<N, unsigned> size_;
     P words_ = nullptr;
 };
 
+/// A bit signal that can be written.
 template <std::size_t N, class T, class P>
 class BinarySignalSerializable : public BinarySignalBase<N, T, P>, public Serializable {
 public:

@@ -30,20 +30,24 @@ Tuple<3, float> Color::ToHSV() const {
     return {hue, saturation, max};
 }
 
-float rgbDistance(const Color& a, const Color& b) {
-    const float red = a[0] - b[0];
-    const float green = a[1] - b[1];
-    const float blue = a[2] - b[2];
-    return red * red + green * green + blue * blue;
+namespace {
+
+ColorPlace componentsOf(const Color& color) { return {color[0], color[1], color[2]}; }
+
+/// The distance of two colours, by way of their places.
+template <class Distance>
+float distanceOf(const Distance& distance, const Color& a, const Color& b) {
+    return distance(distance.place(componentsOf(a)), distance.place(componentsOf(b)));
 }
 
-float hsvDistance(const Color& a, const Color& b, const Vector<3, float>& weights) {
-    const Tuple<3, float> second = b.ToHSV();
-    const Tuple<3, float> first = a.ToHSV();
-    const float hue = (first[0] - second[0]) * weights[0];
-    const float saturation = (first[1] - second[1]) * weights[1];
-    const float value = (first[2] - second[2]) * weights[2];
-    return hue * hue + saturation * saturation + value * value;
+} // namespace
+
+float RgbDistance::operator()(const Color& a, const Color& b) const {
+    return distanceOf(*this, a, b);
+}
+
+float HsvDistance::operator()(const Color& a, const Color& b) const {
+    return distanceOf(*this, a, b);
 }
 
 } // namespace VORN

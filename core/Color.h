@@ -3,6 +3,7 @@
 #include "core/Tuple.h"
 
 #include <algorithm>
+#include <array>
 
 namespace VORN {
 
@@ -37,11 +38,52 @@ inline unsigned char toByte(float component) {
     return scaled > 0.0 ? static_cast<unsigned char>(std::min(scaled, 255.0)) : 0;
 }
 
-/// The squared Euclidean distance, summed in the order red, green, blue.
-float rgbDistance(const Color& a, const Color& b);
+/// Where a colour lies in the space in which colours are compared: its three coordinates. The
+/// fourth is 0 and completes a vector of the machine, so that all are worked on at once.
+using ColorPlace = std::array<float, 4>;
 
-/// The squared distance in HSV space; each weight (hue, saturation, value) multiplies its
-/// difference before squaring. Hue differences do not wrap around, deliberately.
-float hsvDistance(const Color& a, const Color& b, const Vector<3, float>& weights);
+/// The squared Euclidean distance of red, green and blue, summed in this order.
+struct RgbDistance {
+    /// Where a colour lies that has these components.
+    static ColorPlace place(const ColorPlace& rgb) { return rgb; }
+    /// What the difference of each coordinate is multiplied with.
+    static ColorPlace weights() { return {1.0F, 1.0F, 1.0F}; }
+
+    float operator()(const ColorPlace& a, const ColorPlace& b) const {
+        ColorPlace squares;
+        for (std::size_t i = 0; i < squares.size(); ++i)
+            squares[i] = (a[i] - b[i]) * (a[i] - b[i]);
+        return squares[0] + squares[1] + squares[2];
+    }
+    float operator()(const Color& a, const Color& b) const;
+};
+
+/// The squared distance of hue, saturation and value, summed in this order; each weight multiplies
+/// its difference before squaring. Hue differences do not wrap around, deliberately.
+class HsvDistance {
+public:
+    explicit HsvDistance(const Vector<3, float>& weights)
+        : weights_{weights[0], weights[1], weights[2]} {}
+
+    /// As `RgbDistance`.
+    static ColorPlace place(const ColorPlace& rgb) {
+        const Tuple<3, float> hsv = Color{rgb[0], rgb[1], rgb[2]}.ToHSV();
+        return {hsv[0], hsv[1], hsv[2]};
+    }
+    const ColorPlace& weights() const { return weights_; }
+
+    float operator()(const ColorPlace& a, const ColorPlace& b) const {
+        ColorPlace squares;
+        for (std::size_t i = 0; i < squares.size(); ++i) {
+            const float difference = (a[i] - b[i]) * weights_[i];
+            squares[i] = difference * difference;
+        }
+        return squares[0] + squares[1] + squares[2];
+    }
+    float operator()(const Color& a, const Color& b) const;
+
+private:
+    ColorPlace weights_;
+};
 
 } // namespace VORN

@@ -2,6 +2,8 @@
 
 #include "core/Tuple.h"
 
+#include <concepts>
+
 namespace VORN {
 
 /// A box, from its origin up to, but not including, origin + extent.
@@ -16,9 +18,11 @@ public:
     const Point<N, T>& origin() const { return origin_; }
     const Vector<N, T>& extent() const { return extent_; }
 
+    /// origin + extent * 0.5.
     Point<N, T> centre() const requires std::floating_point<T> {
-        return origin_ + extent_ * T{0.5};
+        return origin_ + extent_ * static_cast<T>(0.5);
     }
+    /// Whether origin <= point < origin + extent in every dimension.
     template <class S>
     bool contains(const PointBase<N, T, S>& point) const {
         for (std::size_t i = 0; i < N; ++i)

@@ -2,6 +2,7 @@
 
 #include "core/Stream.h"
 
+#include <array>
 #include <map>
 #include <string>
 
@@ -86,13 +87,16 @@ class Deserializer : public ByteSerialization {
 public:
     explicit Deserializer(ReadStream& in) : in_{&in} {}
 
+    /// The next value of type `T`.
     template <class T>
     T get() {
         T value{};
         process(value);
         return value;
     }
+    /// What `put` wrote of a text.
     std::string getText();
+    /// What `put` wrote of a map; of keys that are there more than once the last value stays.
     std::map<std::string, std::string> getMap();
 
 protected:
@@ -114,5 +118,18 @@ public:
     virtual ~Serializable() = default;
     virtual void serialize(Serializer& out) const = 0;
 };
+
+/// The number that four bytes, most significant first, stand for, as the formats of others have
+/// them.
+constexpr std::uint32_t fromBigEndian(std::span<const std::uint8_t, 4> bytes) {
+    return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 |
+           std::uint32_t{bytes[2]} << 8 | std::uint32_t{bytes[3]};
+}
+
+/// The same four bytes for a number.
+constexpr std::array<std::uint8_t, 4> toBigEndian(std::uint32_t value) {
+    return {static_cast<std::uint8_t>(value >> 24), static_cast<std::uint8_t>(value >> 16),
+            static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)};
+}
 
 } // namespace VORN

@@ -7,11 +7,13 @@ namespace VORN {
 template <std::size_t N, class T, class P>
 void SinglaBaseSerializable<N, T, P>::SwapDimensions(unsigned a, unsigned b) requires(
     N == 3 && std::same_as<T, unsigned char>) {
+    if (a == b)
+        return;
+    if (a > b)
+        return SwapDimensions(b, a);
     for (const unsigned dimension : {a, b})
         if (dimension > 2)
             throw BoundException<unsigned>{kNoOrigin, dimension, 2};
-    if (a == b)
-        return;
     Signal<3, T> old{this->size()};
     std::ranges::copy(this->samples(), old.samples().begin());
     Tuple<3, unsigned> size = this->size();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/CheckedSize.h"
 #include "core/Exception.h"
 #include "core/Tuple.h"
 
@@ -9,14 +10,13 @@
 
 namespace VORN {
 
-/// The number of samples of a signal; 64 bits, since no size is trusted.
+/// The number of samples of a signal; one beyond 64 bits is an `AllocateException`.
 template <std::size_t N, class S>
 std::uint64_t sampleCount(const TupleBase<N, unsigned, S>& size) {
-    std::uint64_t count = 1;
+    CheckedSize count = 1;
     for (std::size_t i = 0; i < N; ++i)
-        if (__builtin_mul_overflow(count, std::uint64_t{size[i]}, &count))
-            throw AllocateException{kNoOrigin, "signal"};
-    return count;
+        count = count * size[i];
+    return count.sizeOf("signal");
 }
 
 /// An N-dimensional array of samples, reached through P, a pointer to T or to constant T.
@@ -33,16 +33,18 @@ public:
     std::size_t count() const { return static_cast<std::size_t>(sampleCount(size_)); }
 
     /// All samples; `flat` indices count from 0 in storage order.
-    std::span<std::remove_pointer_t<P>> samples() const { return {samples_, count()}; }
-    std::remove_pointer_t<P>& operator[](std::size_t flat) const { return samples_[flat]; }
-    std::remove_pointer_t<P>& operator[](const Tuple<N, unsigned>& index) const {
+    std::span<const T> samples() const { return {samples_, count()}; }
+    const T& operator[](std::size_t flat) const { return samples_[flat]; }
+    const T& operator[](const Tuple<N, unsigned>& index) const { return samples_[flatten(index)]; }
+
+protected:
+    P data() const { return samples_; }
+    std::size_t flatten(const Tuple<N, unsigned>& index) const {
         std::size_t flat = 0;
         for (std::size_t i = N; i-- > 0;)
             flat = flat * size_[i] + index[i];
-        return samples_[flat];
+        return flat;
     }
-
-protected:
     void refer(const Tuple<N, unsigned>& size, P samples) {
         size_ = size;
         samples_ = samples;
@@ -58,12 +60,19 @@ template <std::size_t N, class T, class P>
 class SinglaBaseSerializable : public SignalBase<N, T, P>, public Serializable {
 public:
     using SignalBase<N, T, P>::SignalBase;
+    using SignalBase<N, T, P>::samples;
+    using SignalBase<N, T, P>::operator[];
+
+    std::span<T> samples() { return {this->data(), this->count()}; }
+    T& operator[](std::size_t flat) { return this->data()[flat]; }
+    T& operator[](const Tuple<N, unsigned>& index) { return this->data()[this->flatten(index)]; }
 
     /// Sets a new size; the samples keep their flat indices as far as there is room, new ones have
     /// no defined value.
     virtual void Resize(const Tuple<N, unsigned>& size) = 0;
 
-    /// Exchanges the dimensions `a` and `b`, size and samples; above 2 is a `BoundException`.
+    /// Exchanges the dimensions `a` and `b`, size and samples; equal ones, whatever they are, stay
+    /// as they are. One above 2 is a `BoundException`, of the smaller one where both are.
     void SwapDimensions(unsigned a, unsigned b) requires(N == 3 && std::same_as<T, unsigned char>);
     /// New dimension k becomes old dimension `order[k]`; what is not a permutation of 0, 1, 2 is an
     /// `UnexpectedValueException`.

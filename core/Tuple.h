@@ -39,12 +39,14 @@ bool operator==(const TupleBase<N, T, S>& a, const TupleBase<N, T, R>& b) {
     return true;
 }
 
+/// A tuple that stands for a difference or direction.
 template <std::size_t N, class T, class S>
 class VectorBase : public TupleBase<N, T, S> {
 public:
     using TupleBase<N, T, S>::TupleBase;
 };
 
+/// A tuple that stands for a position.
 template <std::size_t N, class T, class S>
 class PointBase : public TupleBase<N, T, S> {
 public:
@@ -58,6 +60,7 @@ void serializeComponents(const TupleBase<N, T, S>& tuple, Serializer& out) {
         out.put(tuple[i]);
 }
 
+/// A tuple that can be written; the vector and the point below likewise.
 template <std::size_t N, class T, class S>
 class TupleBaseSerializable : public TupleBase<N, T, S>, public Serializable {
 public:

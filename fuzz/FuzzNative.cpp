@@ -29,9 +29,11 @@ void readAsPicture(std::span<const std::uint8_t> file) {
         if (!importer)
             return;
         importer->setStream(&stream);
-        ImageSignal<unsigned char> picture;
-        picture.importImage(*importer);
-        require(picture.size()[0] == 3 || picture.count() == 0, "pictures have three channels");
+        IncrementalBuffer samples;
+        ImageMetadata metadata;
+        importer->importImage(samples, metadata);
+        const ImageSignal<unsigned char> picture{samples, metadata};
+        require(picture.size()[0] == 1 || picture.size()[0] == 3, "pictures are grey or coloured");
     });
 }
 

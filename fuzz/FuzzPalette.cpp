@@ -1,5 +1,4 @@
-#include "beads/Palette.h"
-#include "beads/PaletteMatcher.h"
+#include "beads/ColorCells.h"
 #include "fuzz/FuzzedArtwork.h"
 
 #include <cmath>
@@ -16,19 +15,20 @@ bool isWritableComponent(float component) {
 }
 
 bool isWritable(const Palette& palette) {
-    for (unsigned symbol = 0; symbol < Palette::kSlots; ++symbol)
+    for (const auto& [symbol, color] : palette)
         for (std::size_t c = 0; c < 3; ++c)
-            if (palette.Contains(static_cast<unsigned char>(symbol)) &&
-                !isWritableComponent(palette.Get(static_cast<unsigned char>(symbol))[c]))
+            if (!isWritableComponent(color[c]))
                 return false;
     return true;
 }
 
 /// Matching finds an entry of the palette for every colour.
-void match(const Palette& palette, const PaletteMatcher::Weights& weights) {
-    const PaletteMatcher matcher{palette, weights};
-    for (const Color& color : {Color{}, Color{1, 1, 1}, Color{0.2F, 0.7F, 0.1F}}) {
-        const unsigned char symbol = matcher.nearest(color);
+void match(const Palette& palette, const ColorDistance& distance) {
+    const PaletteMatcher matcher{palette, distance};
+    ColorCells cells{matcher};
+    for (const ColorPlace& color :
+         {ColorPlace{}, ColorPlace{1, 1, 1}, ColorPlace{0.2F, 0.7F, 0.1F}}) {
+        const char symbol = matcher.symbol(cells.nearest(color));
         require(symbol == 0 || palette.Contains(symbol), "the nearest entry is one of the palette");
     }
 }
@@ -39,8 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Palette palette;
     if (!complaintOf([&] { readArtwork(palette, {data, size}); }).empty())
         return 0;
-    match(palette, std::nullopt);
-    match(palette, Vector<3, float>{1.0F, 0.5F, 2.0F});
+    match(palette, RgbDistance{});
+    match(palette, HsvDistance{{1.0F, 0.5F, 2.0F}});
     if (!isWritable(palette))
         return 0;
     const Bytes once = writtenArtwork(palette);

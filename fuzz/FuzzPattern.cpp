@@ -4,7 +4,6 @@
 #include "beads/PanelPacker.h"
 #include "beads/Pattern.h"
 #include "fuzz/FuzzedArtwork.h"
-#include "migration/ImageSignal.h"
 #include "tests/beads/PlainNearestBead.h"
 
 #include <iostream>
@@ -16,40 +15,40 @@ namespace {
 
 constexpr std::size_t kLargestLayer = 2000; // characters; what is slow is done up to there
 
-void findBeads(PatternStyle style, const Pattern::Layer& layer) {
-    const BeadGeometry geometry{style, layer.size};
-    const NearestBead nearestBead{style, layer};
-    const auto box = geometry.box();
+void findBeads(const LayerView& layer) {
+    const NearestBead nearestBead{layer};
+    const auto box = BeadGeometry{layer.shape}.box();
     for (unsigned step = 0; step < 8; ++step) {
         const float part = static_cast<float>(step) / 5.0F - 0.2F;
         const Point<2, float> place{box.origin()[0] + part * box.extent()[0],
                                     box.origin()[1] + (1 - part * part) * box.extent()[1]};
-        require(nearestBead.find(place) == nearestByWalk(geometry, layer.content.size(), place),
+        require(nearestBead.find(place) == nearestByWalk(layer, place),
                 "the nearest bead is the one that the walk finds");
     }
 }
 
-void draw(const Pattern& pattern, std::size_t layer) {
+void draw(const LayerView& layer) {
     Palette palette;
     palette.Set('a', {1, 0, 0});
     for (const float beadSize : {0.3F, 1.5F, 2.6F}) {
-        Migration::ImageSignal<unsigned char> picture;
-        drawLayer(pattern, layer, palette, beadSize, {0, 1, 0}, picture);
-        for (std::size_t i = 0; i < picture.count(); i += 3)
-            require(picture[i] + picture[i + 1] == 255 && picture[i + 2] == 0,
-                    "every pixel is painted");
+        Picture picture;
+        drawLayer(layer, palette, beadSize, {0, 1, 0}, picture);
+        for (unsigned y = 0; y < picture.height(); ++y)
+            for (unsigned x = 0; x < picture.width(); ++x) {
+                const Rgb pixel = PictureView{picture}.row(y)[x];
+                require(pixel.red + pixel.green == 255 && pixel.blue == 0,
+                        "every pixel is painted");
+            }
     }
 }
 
-void reshape(PatternStyle style, const Pattern::Layer& layer) {
+void reshape(const LayerView& layer) {
     for (const PatternStyle target :
          {PatternStyle::Square, PatternStyle::Hex, PatternStyle::Circle}) {
-        Pattern pegboard;
-        pegboard.style = target;
-        pegboard.AddFilledLayer({7U, 7U}, kNoBead);
-        const std::size_t length = pegboard.layer(0).content.size();
-        reshapeLayer(style, layer, target, pegboard.layer(0));
-        require(pegboard.layer(0).content.size() == length, "a pegboard keeps its beads");
+        const LayerShape pegboard{target, {7U, 7U}};
+        std::string content(pegboard.contentLength(), kNoBead);
+        reshapeLayer(layer, pegboard, content);
+        require(content.size() == pegboard.contentLength(), "a pegboard keeps its beads");
     }
 }
 
@@ -110,14 +109,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         writeAndRead(pattern);
     constexpr std::size_t kMostLayers = 20;
     for (std::size_t i = 0; i < std::min(pattern.layerCount(), kMostLayers); ++i) {
-        const Pattern::Layer& layer = pattern.layer(i);
+        const LayerView layer = pattern.view(i);
         if (pattern.style == PatternStyle::Square)
             pack(pattern, i);
         if (layer.content.size() > kLargestLayer)
             continue;
-        findBeads(pattern.style, layer);
-        reshape(pattern.style, layer);
-        draw(pattern, i);
+        findBeads(layer);
+        reshape(layer);
+        draw(layer);
     }
     return 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Buffer.h"
+#include "core/Exception.h"
 #include "core/Stream.h"
 #include "migration/Metadata.h"
 
@@ -22,7 +23,11 @@ public:
 
 protected:
     /// The stream; without one this is a `StreamException`.
-    WriteStream& stream() const;
+    WriteStream& stream() const {
+        if (stream_ == nullptr)
+            throw StreamException{kNoOrigin};
+        return *stream_;
+    }
 
 private:
     WriteStream* stream_ = nullptr;

@@ -2,35 +2,30 @@
 
 #include "core/Signal.h"
 #include "migration/DataExporter.h"
-#include "migration/DataImporter.h"
+#include "migration/ImageMetadata.h"
 
 namespace VORN::Migration {
 
-/// A picture of samples (channel, x, y); y 0 is the bottom row. T is unsigned char.
+/// A picture of samples (channel, x, y) owned elsewhere; y 0 is the bottom row. T is unsigned char.
 ///
-/// Its memory is what importers fill and exporters read, so that no picture exists twice.
+/// It lies over what an importer filled or a drawing painted, so that no picture exists twice.
 template <class T>
-class ImageSignal : public SinglaBaseSerializable<3, T, T*> {
+class ImageSignal : public SignalConstBorrow<3, T> {
 public:
-    ImageSignal() = default;
-    ImageSignal(const ImageSignal&) = delete;
-    ImageSignal& operator=(const ImageSignal&) = delete;
-    ~ImageSignal() override = default;
-
-    void Resize(const Tuple<3, unsigned>& size) override;
-
-    /// Reads a picture and leaves red, green and blue of it, one byte each.
+    /// The picture that an importer left in `buffer`, brought there to one byte for grey or three
+    /// for red, green and blue, the pixels side by side. `buffer` must outlive the signal.
     ///
-    /// One or two channels are grey, the first serving for all three colours; a fourth channel is
-    /// dropped. Of 16-bit samples the first byte, the most significant, is kept; 1-bit samples 0
-    /// and 1 become 0 and 255. Other samples are a `SupportException`.
-    void importImage(DataImporter& importer);
+    /// One or two channels are grey, the first of them; a fourth channel is dropped. Of 16-bit
+    /// samples the first byte, the most significant, is kept; 1-bit samples 0 and 1 become 0 and
+    /// 255. Other samples are a `SupportException`, a buffer too small a `SpaceException`.
+    ImageSignal(IncrementalBuffer& buffer, const ImageMetadata& metadata);
 
-    /// Writes the picture, which has 3 channels, one byte each.
+    /// A picture of 1 or 3 channels, which must outlive the signal.
+    explicit ImageSignal(const SignalConstBorrow<3, T>& picture)
+        : SignalConstBorrow<3, T>{picture} {}
+
+    /// Writes the picture.
     void exportImage(DataExporter& exporter) const;
-
-private:
-    IncrementalBuffer bytes_;
 };
 
 extern template class ImageSignal<unsigned char>;

@@ -9,6 +9,7 @@ namespace VORN::Migration {
 /// The running Adler-32 checksum (RFC 1950, section 8).
 class Adler32 {
 public:
+    /// Takes the next bytes; in what pieces they come does not matter.
     void update(std::span<const std::uint8_t> bytes);
     /// The checksum of all bytes so far.
     std::uint32_t value() const { return b_ << 16 | a_; }

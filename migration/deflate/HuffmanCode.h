@@ -23,17 +23,17 @@ public:
         std::uint8_t bits = 0;
     };
 
-    HuffmanCode() = default;
+    /// The code length of each symbol, at most `kMaximumSymbols` of 0 to `kMaximumBits` bits.
     explicit HuffmanCode(std::span<const std::uint8_t> lengths);
 
     /// The symbol whose code `window` begins with, bit 0 being the code's first bit. Goes bit by
     /// bit; `maximumBits` is the longest code that is looked for.
     Match resolve(std::uint32_t window, unsigned maximumBits = kMaximumBits) const;
 
-    /// Calls `visit(code, match)` for every code of up to `maximumBits`, bit 0 of `code` being its
+    /// Calls `visit(code, match)` for every code that is `bits` long, bit 0 of `code` being its
     /// first bit.
     template <class Visit>
-    void forEachCode(unsigned maximumBits, Visit visit) const;
+    void forEachCode(unsigned bits, Visit visit) const;
 
 private:
     std::array<std::uint32_t, kMaximumBits + 1> firstCode_{};  // by length
@@ -42,20 +42,25 @@ private:
     std::array<std::uint16_t, kMaximumSymbols> symbols_{};     // ordered by length, then value
 };
 
-/// `code`, `bits` long, with its first bit made its last.
-constexpr std::uint32_t reverseBits(std::uint32_t code, unsigned bits) {
-    std::uint32_t reversed = 0;
-    for (; bits > 0; --bits, code >>= 1)
-        reversed = reversed << 1 | (code & 1);
+/// Every byte with its bits in reverse order.
+consteval std::array<std::uint8_t, 256> makeReversedBytes() {
+    std::array<std::uint8_t, 256> reversed{};
+    for (unsigned byte = 1; byte < reversed.size(); ++byte)
+        reversed[byte] = static_cast<std::uint8_t>(reversed[byte / 2] / 2 + (byte & 1) * 128);
     return reversed;
 }
 
+/// `code`, `bits` long and at most 16, with its first bit made its last.
+constexpr std::uint32_t reverseBits(std::uint32_t code, unsigned bits) {
+    constexpr auto kReversed = makeReversedBytes();
+    return (std::uint32_t{kReversed[code & 255]} << 8 | kReversed[code >> 8]) >> (16 - bits);
+}
+
 template <class Visit>
-void HuffmanCode::forEachCode(unsigned maximumBits, Visit visit) const {
-    for (unsigned bits = 1; bits <= maximumBits; ++bits)
-        for (std::uint32_t i = 0; i < count_[bits] && firstCode_[bits] + i < 1U << bits; ++i)
-            visit(reverseBits(firstCode_[bits] + i, bits),
-                  Match{symbols_[firstIndex_[bits] + i], static_cast<std::uint8_t>(bits)});
+void HuffmanCode::forEachCode(unsigned bits, Visit visit) const {
+    for (std::uint32_t i = 0; i < count_[bits] && firstCode_[bits] + i < 1U << bits; ++i)
+        visit(reverseBits(firstCode_[bits] + i, bits),
+              Match{symbols_[firstIndex_[bits] + i], static_cast<std::uint8_t>(bits)});
 }
 
 } // namespace VORN::Migration

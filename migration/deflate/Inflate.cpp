@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
-#include <vector>
 
 namespace VORN::Migration {
 
@@ -47,6 +46,28 @@ inline std::size_t putLiterals(std::uint8_t* to, InflateEntry entry) {
     return entry.literals();
 }
 
+/// The codes of a block's compressed data, as tables.
+struct Codes {
+    Codes(std::span<const std::uint8_t> literalLengths,
+          std::span<const std::uint8_t> distanceLengths)
+        : literals{literalLengths},
+          distances{distanceLengths} {}
+
+    LiteralTable literals;
+    DistanceTable distances;
+};
+
+/// The fixed codes (RFC 1951, section 3.2.6), built once: a stream may have millions of such
+/// blocks.
+const Codes& fixedCodes() {
+    static const Codes codes = [] {
+        Codes fixed{kFixedLiteralLengths, kFixedDistanceLengths};
+        fixed.literals.pairLiterals();
+        return fixed;
+    }();
+    return codes;
+}
+
 class Inflater {
 public:
     Inflater(std::span<const std::uint8_t> input, WriteStream& out) : bits_{input}, out_{&out} {}
@@ -67,30 +88,35 @@ private:
     // What one turn of a decoding loop may write.
     static constexpr std::size_t kTurnBytes =
         2 * kLookUpsPerRefill + kLongestMatch + 2 * kCopyBytes;
-    static constexpr unsigned kWordsPerTurn = 2; // of `BitReader::refillWhole`
+    static constexpr unsigned kWordsPerTurn = 2;          // of `BitReader::refillWhole`
+    static constexpr std::size_t kShortBlockBytes = 4096; // decoded without paired literals
+    static constexpr std::size_t kUnlimited = SIZE_MAX;
+    static constexpr std::size_t kMostLengths = 288 + 32;   // of both codes
+    static constexpr std::size_t kLongestRepeat = 11 + 127; // of one code length
 
     bool inflateBlock();
     void inflateStored();
-    void readDynamicCodes();
-    std::vector<std::uint8_t> readLengths(const HuffmanCode& code, std::size_t count);
+    Codes readCodes();
+    void readLengths(const HuffmanCode& code, std::size_t count);
     unsigned readLengthSymbol(const HuffmanCode& code);
-    void inflateCompressed();
-    void inflateWhileRoomy();
-    bool inflateSymbol();
-    void copyBack(std::size_t length);
+    void inflateDynamic();
+    bool inflateCompressed(const Codes& codes, std::size_t most);
+    void inflateWhileRoomy(const Codes& codes, std::size_t end);
+    bool inflateSymbol(const Codes& codes);
+    void copyBack(std::size_t length, const DistanceTable& distances);
     void makeRoom();
     void handOn();
 
     BitReader bits_;
     WriteStream* out_;
-    LiteralTable literals_;
-    DistanceTable distances_;
     // Bytes from before `handedOn_` are kept for back references: all that there were, or at least
     // `kHistoryBytes`.
     std::unique_ptr<std::uint8_t[]> window_ =
         std::make_unique_for_overwrite<std::uint8_t[]>(kWindowBytes + kTurnBytes);
     std::size_t size_ = 0; // at most `kWindowBytes` at the begin of a turn
     std::size_t handedOn_ = 0;
+    // The code lengths of a dynamic block; the last repeat may reach beyond their number.
+    std::array<std::uint8_t, kMostLengths + kLongestRepeat> lengths_{};
 };
 
 /// Returns whether it was the last block.
@@ -101,13 +127,10 @@ bool Inflater::inflateBlock() {
         inflateStored();
         break;
     case 1:
-        literals_.build(kFixedLiteralLengths);
-        distances_.build(kFixedDistanceLengths);
-        inflateCompressed();
+        inflateCompressed(fixedCodes(), kUnlimited);
         break;
     case 2:
-        readDynamicCodes();
-        inflateCompressed();
+        inflateDynamic();
         break;
     default:
         refuse("Reserved block type detected. ");
@@ -130,7 +153,8 @@ void Inflater::inflateStored() {
     }
 }
 
-void Inflater::readDynamicCodes() {
+/// The codes of a dynamic block (RFC 1951, section 3.2.7).
+Codes Inflater::readCodes() {
     const std::size_t literalCount = bits_.take(5) + 257;
     const std::size_t distanceCount = bits_.take(5) + 1;
     const std::size_t codeLengthCount = bits_.take(4) + 4;
@@ -138,31 +162,33 @@ void Inflater::readDynamicCodes() {
     for (std::size_t i = 0; i < codeLengthCount; ++i)
         codeLengths[kCodeLengthOrder[i]] = static_cast<std::uint8_t>(bits_.take(3));
 
-    const std::vector<std::uint8_t> lengths =
-        readLengths(HuffmanCode{codeLengths}, literalCount + distanceCount);
-    literals_.build(std::span{lengths}.first(literalCount));
-    distances_.build(std::span{lengths}.subspan(literalCount));
+    readLengths(HuffmanCode{codeLengths}, literalCount + distanceCount);
+    return {std::span{lengths_}.first(literalCount),
+            std::span{lengths_}.subspan(literalCount, distanceCount)};
 }
 
-/// The code lengths of both codes as one list (RFC 1951, section 3.2.7).
-std::vector<std::uint8_t> Inflater::readLengths(const HuffmanCode& code, std::size_t count) {
-    std::vector<std::uint8_t> lengths;
-    lengths.reserve(count + 138);
-    while (lengths.size() < count) {
+/// Makes `count` code lengths, those of both codes, the first of `lengths_`.
+void Inflater::readLengths(const HuffmanCode& code, std::size_t count) {
+    std::size_t done = 0;
+    while (done < count) {
         const unsigned symbol = readLengthSymbol(code);
+        std::uint8_t length = 0;
+        std::size_t times = 1;
         if (symbol < 16)
-            lengths.push_back(static_cast<std::uint8_t>(symbol));
+            length = static_cast<std::uint8_t>(symbol);
         else if (symbol > 16)
-            lengths.resize(lengths.size() +
-                           (symbol == 17 ? 3 + bits_.take(3) : 11 + bits_.take(7)));
-        else if (!lengths.empty())
-            lengths.resize(lengths.size() + 3 + bits_.take(2), lengths.back());
-        else
+            times = symbol == 17 ? 3 + bits_.take(3) : 11 + bits_.take(7);
+        else if (done == 0)
             refuse("Repeated code length without a previous one. ");
+        else {
+            length = lengths_[done - 1];
+            times = 3 + bits_.take(2);
+        }
+        std::fill_n(lengths_.begin() + done, times, length);
+        done += times;
     }
-    if (lengths.size() != count)
+    if (done != count)
         refuse("Invalid number of code length symbols unpacked. ");
-    return lengths;
 }
 
 unsigned Inflater::readLengthSymbol(const HuffmanCode& code) {
@@ -174,29 +200,44 @@ unsigned Inflater::readLengthSymbol(const HuffmanCode& code) {
     return match.symbol;
 }
 
-void Inflater::inflateCompressed() {
-    do {
+void Inflater::inflateDynamic() {
+    Codes codes = readCodes();
+    if (inflateCompressed(codes, kShortBlockBytes))
+        return;
+    codes.literals.pairLiterals();
+    inflateCompressed(codes, kUnlimited);
+}
+
+/// Decodes up to the end of the block, or until there are `most` bytes of it or more; returns
+/// whether the block has ended.
+bool Inflater::inflateCompressed(const Codes& codes, std::size_t most) {
+    while (most > 0) {
         makeRoom();
-        inflateWhileRoomy();
+        const std::size_t begin = size_;
+        inflateWhileRoomy(codes, begin + std::min(most, kWindowBytes - begin));
+        most -= std::min(most, size_ - begin);
         makeRoom();
-    } while (!inflateSymbol());
+        if (inflateSymbol(codes))
+            return true;
+    }
+    return false;
 }
 
 /// One turn with every check; returns whether the block has ended.
-bool Inflater::inflateSymbol() {
-    const InflateEntry entry = literals_.find(bits_.peek(HuffmanCode::kMaximumBits));
+bool Inflater::inflateSymbol(const Codes& codes) {
+    const InflateEntry entry = codes.literals.find(bits_.peek(HuffmanCode::kMaximumBits));
     const std::uint32_t low = bits_.take(entry.bits);
     if (entry.isLiteral())
         size_ += putLiterals(window_.get() + size_, entry);
     else if (entry.isRange())
-        copyBack(entry.member(low));
+        copyBack(entry.member(low), codes.distances);
     else if (entry.kind == InflateEntry::NoSymbol)
         refuse("Invalid code word in literal and length code. ");
     return entry.kind == InflateEntry::EndOfBlock;
 }
 
-void Inflater::copyBack(std::size_t length) {
-    const InflateEntry entry = distances_.find(bits_.peek(HuffmanCode::kMaximumBits));
+void Inflater::copyBack(std::size_t length, const DistanceTable& distances) {
+    const InflateEntry entry = distances.find(bits_.peek(HuffmanCode::kMaximumBits));
     const std::uint32_t low = bits_.take(entry.bits);
     if (!entry.isRange())
         refuse("Invalid code word in distance code. ");
@@ -208,24 +249,25 @@ void Inflater::copyBack(std::size_t length) {
 }
 
 /// Decodes without checking each access, as long as the input holds the words of a turn and the
-/// window has its room. Ends before what is neither literal nor match, and before what is wrong.
-void Inflater::inflateWhileRoomy() {
+/// window less than `end` bytes, which is at most `kWindowBytes`. Ends before what is neither
+/// literal nor match, and before what is wrong.
+void Inflater::inflateWhileRoomy(const Codes& codes, std::size_t end) {
     BitReader bits = bits_;
     std::uint8_t* const out = window_.get();
     std::size_t size = size_;
-    while (bits.holdsWords(kWordsPerTurn) && size < kWindowBytes) {
+    while (bits.holdsWords(kWordsPerTurn) && size < end) {
         bits.refillWhole();
-        InflateEntry entry = literals_.lookUp(bits.low(LiteralTable::kBits));
+        InflateEntry entry = codes.literals.lookUp(bits.low(LiteralTable::kBits));
         // Behind the last turn the look-up may lack bits; it is made again after the refill.
         for (unsigned left = kLookUpsPerRefill; entry.isLiteral() && left > 0; --left) {
             bits.dropFilled(entry.bits);
             size += putLiterals(out + size, entry);
-            entry = literals_.lookUp(bits.low(LiteralTable::kBits));
+            entry = codes.literals.lookUp(bits.low(LiteralTable::kBits));
         }
         if (entry.isLiteral())
             continue;
         bits.refillWhole(); // at most 20 bits for the length, and 28 for the distance
-        entry = literals_.find(bits.low(HuffmanCode::kMaximumBits));
+        entry = codes.literals.find(bits.low(HuffmanCode::kMaximumBits));
         if (entry.isLiteral()) {
             bits.dropFilled(entry.bits);
             size += putLiterals(out + size, entry);
@@ -236,7 +278,7 @@ void Inflater::inflateWhileRoomy() {
         BitReader afterwards = bits;
         const std::size_t length = entry.member(afterwards.low(entry.bits));
         afterwards.dropFilled(entry.bits);
-        const InflateEntry second = distances_.find(afterwards.low(HuffmanCode::kMaximumBits));
+        const InflateEntry second = codes.distances.find(afterwards.low(HuffmanCode::kMaximumBits));
         if (!second.isRange())
             break;
         const std::size_t distance = second.member(afterwards.low(second.bits));

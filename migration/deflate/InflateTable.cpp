@@ -32,8 +32,7 @@ InflateEntry distanceEntry(HuffmanCode::Match match) {
     return rangeEntry(kDistanceCodes[match.symbol], match.bits);
 }
 
-void LiteralTable::build(std::span<const std::uint8_t> lengths) {
-    InflateTable::build(lengths);
+void LiteralTable::pairLiterals() {
     // Downwards: what an entry is combined with stands below it and is still a single one.
     for (std::size_t i = entries_.size(); i-- > 0;) {
         InflateEntry& first = entries_[i];

@@ -3,6 +3,8 @@
 #include "migration/deflate/DeflateTables.h"
 #include "migration/deflate/HuffmanCode.h"
 
+#include <algorithm>
+
 namespace VORN::Migration {
 
 /// What the next bits of compressed data stand for.
@@ -37,14 +39,19 @@ public:
     static constexpr unsigned kBits = Bits;
 
     /// `lengths` are those of the symbols' codes.
-    void build(std::span<const std::uint8_t> lengths) {
-        code_ = HuffmanCode{lengths};
-        entries_.fill({});
-        code_.forEachCode(Bits, [this](std::uint32_t code, HuffmanCode::Match match) {
-            const InflateEntry entry = entryOf(match);
-            for (std::size_t i = code; i < entries_.size(); i += std::size_t{1} << match.bits)
-                entries_[i] = entry;
-        });
+    ///
+    /// The table for one bit more is the table before it, twice, but for the codes that end there.
+    /// So each code is put into one place only, and a table for few symbols costs little more than
+    /// a copy of it: a stream may have millions of blocks.
+    explicit InflateTable(std::span<const std::uint8_t> lengths) : code_{lengths} {
+        entries_[0] = {};
+        for (unsigned bits = 1; bits <= Bits; ++bits) {
+            const std::size_t half = std::size_t{1} << (bits - 1);
+            std::copy_n(entries_.begin(), half, entries_.begin() + half);
+            code_.forEachCode(bits, [this](std::uint32_t code, HuffmanCode::Match match) {
+                entries_[code] = entryOf(match);
+            });
+        }
     }
 
     /// The look-up alone; what lies beyond the low `Bits` bits of `window` does not matter.
@@ -57,13 +64,16 @@ public:
 
 protected:
     HuffmanCode code_;
-    std::array<InflateEntry, std::size_t{1} << Bits> entries_;
+    std::array<InflateEntry, std::size_t{1} << Bits> entries_; // by the next bits, bit 0 first
 };
 
-/// Hands out two literals at once where both codes fit the look-up.
 class LiteralTable : public InflateTable<11, literalEntry> {
 public:
-    void build(std::span<const std::uint8_t> lengths);
+    using InflateTable::InflateTable;
+
+    /// From now on two literals are handed out at once where both codes fit the look-up. That costs
+    /// as much as some hundred symbols save, so it is nothing for short blocks.
+    void pairLiterals();
 };
 
 using DistanceTable = InflateTable<9, distanceEntry>;

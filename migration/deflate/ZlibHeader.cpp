@@ -1,7 +1,7 @@
 #include "migration/deflate/ZlibHeader.h"
 
 #include "core/Exception.h"
-#include "migration/BigEndian.h"
+#include "core/Serialization.h"
 
 namespace VORN::Migration {
 

@@ -17,6 +17,9 @@
 namespace VORN::Migration::JPEG {
 
 /// What the segments before a scan have set, each by its destination.
+///
+/// A table that a frame or scan names is a `FormatException` if it was not defined, or if it is of
+/// a Huffman code that cannot be.
 struct Tables {
     template <class Table>
     using Slots = std::array<std::optional<Table>, kTableDestinations>;
@@ -25,6 +28,10 @@ struct Tables {
     Slots<HuffmanTable> ac;
     Slots<QuantizationTable> quantization;
     std::uint16_t restartInterval = 0; // MCUs; 0: none
+
+    const HuffmanTable& dcTable(std::uint8_t selector) const;
+    const HuffmanTable& acTable(std::uint8_t selector) const;
+    const QuantizationTable& quantizationTable(std::uint8_t selector) const;
 };
 
 /// Decodes the blocks of a frame, scan after scan, and writes the picture they make.
@@ -33,11 +40,8 @@ public:
     /// The way in which the scans of a frame hold its coefficients.
     class Mode;
 
-    enum class Process { Sequential, Progressive };
-
-    /// `picture` is borrowed and must outlive the reader. It is resized once there is enough data
-    /// for a picture of that size.
-    BlockReader(const FrameHeader& header, Process process, DynamicBuffer& picture);
+    /// A reader of the frame that `mode` was made for.
+    explicit BlockReader(std::unique_ptr<Mode> mode);
     BlockReader(BlockReader&&) noexcept;
     BlockReader& operator=(BlockReader&&) noexcept;
     ~BlockReader();
@@ -45,37 +49,38 @@ public:
     /// Decodes a scan whose data is at the beginning of `data`; returns what follows it.
     std::span<const std::uint8_t> readScan(const ScanHeader& header, const Tables& tables,
                                            std::span<const std::uint8_t> data);
-    /// Completes the picture, a byte a sample, the bottom line first.
+    /// Completes the picture, a byte a sample, the bottom line first. A component that no scan had
+    /// is a `FormatException`.
     void finish();
 
+    /// The size of the picture and its components.
     const FrameLayout& layout() const;
 
 private:
     std::unique_ptr<Mode> mode_;
 };
 
+/// What follows from the frame header for each mode, and the picture's memory.
 class BlockReader::Mode {
 public:
     virtual ~Mode() = default;
     /// Leaves `bits` behind the last bit of the scan.
     virtual void readScan(const ScanHeader& header, const Tables& tables, ByteUnstuffer& bits) = 0;
+    /// As `BlockReader::finish`.
     virtual void finish() = 0;
 
     const FrameLayout& layout() const { return layout_; }
 
 protected:
+    /// `picture` is borrowed and must outlive the mode. It is resized once there is enough data for
+    /// a picture of that size.
     Mode(const FrameHeader& header, DynamicBuffer& picture);
 
-    /// The table that a scan or frame names; `FormatException` if none was defined.
-    template <class Table>
-    static const Table& require(const Tables::Slots<Table>& slots, std::uint8_t selector) {
-        if (!slots[selector])
-            refuse("Table that was not defined. ");
-        return *slots[selector];
-    }
     /// Keeps the quantisation table that a component has in its first scan.
     void keepTransform(std::size_t component, const Tables& tables);
     const InverseDct& transform(std::size_t component) const { return *transforms_[component]; }
+    /// Refuses the file unless each component had its `keepTransform`.
+    void requireScans() const;
 
     /// The bytes of the picture, once made to fit.
     std::span<std::uint8_t> resizedPicture();

@@ -1,11 +1,19 @@
 #include "migration/jpeg/ByteUnstuffer.h"
 
+#include <cstring>
 #include <string>
 
 namespace VORN::Migration::JPEG {
 
+const std::uint8_t* ByteUnstuffer::findPlainEnd(const std::uint8_t* next, const std::uint8_t* end) {
+    const void* const found = std::memchr(next, 0xFF, static_cast<std::size_t>(end - next));
+    const std::uint8_t* const stop =
+        found == nullptr ? end : static_cast<const std::uint8_t*>(found);
+    return stop - next < 8 ? next : stop - 7;
+}
+
 ByteUnstuffer ByteUnstuffer::filledByteByByte(ByteUnstuffer bits) {
-    while (bits.filled_ <= 56) {
+    while (bits.filled_ < 56) {
         std::uint64_t byte = 0;
         if (bits.next_ != bits.end_ && *bits.next_ != 0xFF) {
             byte = *bits.next_++;
@@ -18,6 +26,7 @@ ByteUnstuffer ByteUnstuffer::filledByteByByte(ByteUnstuffer bits) {
         bits.window_ |= byte << (56 - bits.filled_);
         bits.filled_ += 8;
     }
+    bits.plainEnd_ = findPlainEnd(bits.next_, bits.end_);
     return bits;
 }
 

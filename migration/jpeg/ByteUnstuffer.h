@@ -13,17 +13,24 @@ namespace VORN::Migration::JPEG {
 /// The bytes are borrowed and must outlive it. It is a small value: a decoding loop works on a copy
 /// of its own, which the compiler keeps in registers. Where the data ends, bits that are 0 follow,
 /// so that only `requireData`, called once a block, has to look whether too many were taken.
+///
+/// Up to the next 0xFF bytes need no look each: eight are loaded at a time, wherever the bits left
+/// end, without a branch that could go either way. Benchmark JPEGEntropy: 3.2 ns a coefficient,
+/// against 3.6 ns when loads wait until bits run short and look for 0xFF themselves.
 class ByteUnstuffer {
 public:
     explicit ByteUnstuffer(std::span<const std::uint8_t> bytes)
         : begin_{bytes.data()},
           next_{begin_},
-          end_{begin_ + bytes.size()} {}
+          end_{begin_ + bytes.size()},
+          plainEnd_{findPlainEnd(next_, end_)} {}
 
     /// Makes at least 32 bits ready.
     void refill() {
-        if (filled_ < 32)
-            fill();
+        if (next_ < plainEnd_)
+            fillAtOnce();
+        else if (filled_ < 32)
+            *this = filledByteByByte(*this);
     }
 
     /// The next `count` bits, 1 to 32, which stay; `refill` must have made them ready.
@@ -44,7 +51,7 @@ public:
     /// The next bit, made ready if need be.
     bool takeBit() {
         if (filled_ == 0)
-            fill();
+            refill();
         const bool bit = window_ >> 63 != 0;
         drop(1);
         return bit;
@@ -56,7 +63,7 @@ public:
         if (padding_ > filled_)
             refuseMissingData(*this);
     }
-    /// Refuses the file for `detail`, unless that is only because its data had ended before.
+    /// Refuses the file for `detail`; if more bits were taken than it has, for that.
     [[noreturn]] void refuse(const char* detail) const { refuse(*this, detail); }
 
     /// Drops the bits up to the next marker and takes it; one that is not the reset marker
@@ -66,10 +73,16 @@ public:
     std::span<const std::uint8_t> rest() const;
 
 private:
-    static constexpr std::uint64_t kLowBits = 0x0101010101010101;
-    static constexpr std::uint64_t kHighBits = 0x8080808080808080;
-
-    void fill();
+    void fillAtOnce() {
+        std::uint64_t bytes = 0;
+        for (unsigned i = 0; i < 8; ++i) // one load; written so that any byte order will do
+            bytes |= std::uint64_t{next_[i]} << (56 - 8 * i);
+        // The byte that does not fit as a whole is put in again by the next fill.
+        window_ |= bytes >> filled_;
+        next_ += (63 - filled_) / 8;
+        filled_ |= 56; // 8 more for each byte, as they are from 0 to 63
+    }
+    static const std::uint8_t* findPlainEnd(const std::uint8_t* next, const std::uint8_t* end);
     // These are not inlined and so get a copy: a reference would keep the original out of
     // registers.
     static ByteUnstuffer filledByteByByte(ByteUnstuffer bits);
@@ -79,28 +92,11 @@ private:
     const std::uint8_t* begin_;
     const std::uint8_t* next_; // the first byte not yet in the window, from `begin_` to `end_`
     const std::uint8_t* end_;
-    std::uint64_t window_ = 0;  // the next bit is the highest; 0 below the upper `filled_` bits
-    unsigned filled_ = 0;       // 0 to 64
-    std::uint64_t padding_ = 0; // how many bits were put in after the data's end
+    const std::uint8_t* plainEnd_; // from all places before it 8 bytes without 0xFF can be loaded
+    std::uint64_t window_ = 0;     // the next bit is the highest; below the upper `filled_` bits is
+                                   // nothing but, at most, the beginning of `next_`
+    unsigned filled_ = 0;          // 0 to 63
+    std::uint64_t padding_ = 0;    // how many bits were put in after the data's end
 };
-
-inline void ByteUnstuffer::fill() {
-    if (end_ - next_ >= 8) {
-        std::uint64_t bytes = 0;
-        for (unsigned i = 0; i < 8; ++i) // one load; written so that any byte order will do
-            bytes |= std::uint64_t{next_[i]} << (56 - 8 * i);
-        const bool holdsFF = ((~bytes - kLowBits) & bytes & kHighBits) != 0;
-        if (!holdsFF) {
-            const unsigned count = (64 - filled_) / 8;
-            const unsigned bits = 8 * count;
-            // As many whole bytes as there is room for; what is below them is cut off.
-            window_ |= bytes >> (64 - bits) << (64 - bits - filled_);
-            next_ += count;
-            filled_ += bits;
-            return;
-        }
-    }
-    *this = filledByteByByte(*this);
-}
 
 } // namespace VORN::Migration::JPEG

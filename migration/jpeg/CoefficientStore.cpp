@@ -1,29 +1,54 @@
 #include "migration/jpeg/CoefficientStore.h"
 
+#include <algorithm>
+
 namespace VORN::Migration::JPEG {
 
-CoefficientStore::CoefficientStore(const FrameLayout& layout)
-    : layout_{&layout},
-      unitRows_(layout.unitsDown) {
-    for (const ComponentLayout& component : layout.components) {
-        offsets_.push_back(unitRowBlocks_);
-        unitRowBlocks_ += std::size_t{component.paddedBlocksAcross} * component.verticalSampling;
+namespace {
+
+constexpr std::size_t divideUp(std::size_t dividend, std::size_t divisor) {
+    return (dividend + divisor - 1) / divisor;
+}
+
+} // namespace
+
+CoefficientStore::CoefficientStore(std::size_t blocks)
+    : dc_(blocks),
+      masks_(blocks),
+      groupMasks_(divideUp(blocks, kGroupBlocks)),
+      places_(blocks),
+      pieces_(divideUp(blocks, kPieceBlocks)) {}
+
+CoefficientBlock& CoefficientStore::makeAc(std::size_t block) {
+    const std::size_t number = block / kPieceBlocks;
+    std::vector<CoefficientBlock>& piece = pieces_[number];
+    if (piece.empty())
+        piece.reserve(std::min(kPieceBlocks, blocks() - number * kPieceBlocks));
+    places_[block] = static_cast<std::uint16_t>(piece.size());
+    return piece.emplace_back();
+}
+
+std::size_t CoefficientStore::find(std::uint64_t band, std::size_t begin, std::size_t end) const {
+    const auto firstOf = [band](const std::vector<std::uint64_t>& masks, std::size_t from,
+                                std::size_t to) {
+        while (from < to && (masks[from] & band) == 0)
+            ++from;
+        return from;
+    };
+    const std::size_t groups = divideUp(end, kGroupBlocks);
+    for (std::size_t block = begin; block < end;) {
+        const std::size_t group = firstOf(groupMasks_, block / kGroupBlocks, groups);
+        const std::size_t groupEnd = std::min(end, (group + 1) * kGroupBlocks);
+        block = firstOf(masks_, std::max(block, group * kGroupBlocks), groupEnd);
+        if (block < groupEnd)
+            return block;
     }
+    return end;
 }
 
-void CoefficientStore::provide(std::uint32_t unitRow) {
-    UnitRow& row = unitRows_[unitRow];
-    row.blocks.resize(unitRowBlocks_);
-    row.masks.resize(unitRowBlocks_);
-}
-
-CoefficientStore::Row CoefficientStore::row(std::size_t component, std::uint32_t blockRow) {
-    const ComponentLayout& layout = layout_->components[component];
-    const std::size_t count = layout.paddedBlocksAcross;
-    const std::size_t first = offsets_[component] + blockRow % layout.verticalSampling * count;
-    UnitRow& unitRow = unitRows_[blockRow / layout.verticalSampling];
-    return {.blocks = std::span{unitRow.blocks}.subspan(first, count),
-            .masks = std::span{unitRow.masks}.subspan(first, count)};
+void CoefficientStore::releaseBefore(std::size_t block) {
+    for (; firstPiece_ < block / kPieceBlocks; ++firstPiece_)
+        pieces_[firstPiece_] = std::vector<CoefficientBlock>{};
 }
 
 } // namespace VORN::Migration::JPEG

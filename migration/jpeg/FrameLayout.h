@@ -35,7 +35,7 @@ struct FrameLayout {
 
     explicit FrameLayout(const FrameHeader& header);
 
-    /// All blocks of a scan of all components.
+    /// The number of blocks of all components, with those that only fill up a unit.
     std::uint64_t blocks() const;
     /// The size of the picture: one byte for each component of a pixel.
     std::uint64_t pictureBytes() const { return std::uint64_t{width} * height * components.size(); }

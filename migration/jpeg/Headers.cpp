@@ -8,6 +8,10 @@ namespace VORN::Migration::JPEG {
 
 namespace {
 
+constexpr std::size_t kImageComponentBytes = 3;
+constexpr std::size_t kScanComponentBytes = 2;
+constexpr std::size_t kScanParameterBytes = 3; // behind the components
+
 FrameHeader::ImageComponent readImageComponent(Segment& segment) {
     FrameHeader::ImageComponent component;
     component.identifier = segment.byte();
@@ -18,8 +22,6 @@ FrameHeader::ImageComponent readImageComponent(Segment& segment) {
     const auto isFactor = [](unsigned factor) { return factor >= 1 && factor <= 4; };
     if (!isFactor(component.horizontalSampling) || !isFactor(component.verticalSampling))
         refuse("Sampling factor out of range. ");
-    if (component.quantizationTable >= kTableDestinations)
-        refuse("Quantization table selector out of range. ");
     return component;
 }
 
@@ -29,31 +31,34 @@ ScanHeader::ScanComponent readScanComponent(Segment& segment) {
     const std::uint8_t tables = segment.byte();
     component.dcTable = tables >> 4;
     component.acTable = tables & 15;
-    if (component.dcTable >= kTableDestinations || component.acTable >= kTableDestinations)
-        refuse("Huffman table selector out of range. ");
     return component;
 }
 
 } // namespace
 
 FrameHeader::FrameHeader(Segment segment) {
-    if (segment.byte() != 8)
-        throw SupportException{kNoOrigin, "JPEG with other than 8-bit sample precision"};
-    height = segment.word();
-    width = segment.word();
+    const std::uint8_t precision = segment.byte();
+    const std::uint16_t lines = segment.word();
+    const std::uint16_t columns = segment.word();
     const std::uint8_t count = segment.byte();
+    if (segment.left() > count * kImageComponentBytes)
+        refuse("Frame header larger than expected. ");
+    if (precision != 8)
+        throw SupportException{kNoOrigin, "JPEG with other than 8-bit sample precision"};
     if (count != 1 && count != 3)
         throw SupportException{kNoOrigin, "JPEG with channels other than 1 or 3"};
+    if (columns == 0 || lines == 0)
+        refuse("Frame without pixels. ");
+    width = columns;
+    height = lines;
     for (unsigned i = 0; i < count; ++i)
         components.push_back(readImageComponent(segment));
-    if (!segment.atEnd())
-        refuse("Frame header larger than expected. ");
-    if (width == 0 || height == 0)
-        refuse("Frame without pixels. ");
 }
 
 ScanHeader::ScanHeader(Segment segment) {
     const std::uint8_t count = segment.byte();
+    if (segment.left() > count * kScanComponentBytes + kScanParameterBytes)
+        refuse("Scan header larger than expected. ");
     for (unsigned i = 0; i < count; ++i)
         components.push_back(readScanComponent(segment));
     spectralStart = segment.byte();
@@ -61,8 +66,6 @@ ScanHeader::ScanHeader(Segment segment) {
     const std::uint8_t approximation = segment.byte();
     approximationHigh = approximation >> 4;
     approximationLow = approximation & 15;
-    if (!segment.atEnd())
-        refuse("Scan header larger than expected. ");
 }
 
 QuantizationTable::QuantizationTable(Segment& segment) {

@@ -18,7 +18,7 @@ struct FrameHeader {
         std::uint8_t identifier = 0;
         std::uint8_t horizontalSampling = 1; // 1 to 4
         std::uint8_t verticalSampling = 1;   // 1 to 4
-        std::uint8_t quantizationTable = 0;  // selector, 0 to 3
+        std::uint8_t quantizationTable = 0;  // selector; tables have 0 to 3
     };
 
     std::uint16_t width = 0;               // pixels, at least 1
@@ -26,7 +26,8 @@ struct FrameHeader {
     JPEGVector<ImageComponent> components; // 1 or 3
 
     /// Throws `SupportException` for samples of other than 8 bits and other than 1 or 3 components,
-    /// and `FormatException` for values that clause B.2.2 does not allow.
+    /// and `FormatException` for a segment of another length than its components need, for no
+    /// pixels and for sampling factors that clause B.2.2 does not allow.
     explicit FrameHeader(Segment segment);
 };
 
@@ -34,8 +35,9 @@ struct FrameHeader {
 struct ScanHeader {
     struct ScanComponent {
         std::uint8_t selector = 0; // the identifier of a frame component
-        std::uint8_t dcTable = 0;  // 0 to 3
-        std::uint8_t acTable = 0;  // 0 to 3
+        // Selectors of Huffman tables, 0 to 15; a scan looks only at those that it uses.
+        std::uint8_t dcTable = 0;
+        std::uint8_t acTable = 0;
     };
 
     JPEGVector<ScanComponent> components; // as many as the segment names, 0 to 255
@@ -44,7 +46,7 @@ struct ScanHeader {
     std::uint8_t approximationHigh = 0; // 0 to 15; 0 in the first scan of a coefficient
     std::uint8_t approximationLow = 0;  // 0 to 15
 
-    /// Throws `FormatException` for selectors that clause B.2.3 does not allow.
+    /// Throws `FormatException` for a segment of another length than its components need.
     explicit ScanHeader(Segment segment);
 };
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 
 namespace VORN::Migration::JPEG {
 
@@ -19,14 +20,15 @@ HuffmanTable::HuffmanTable(Segment& segment) {
     const unsigned codes = std::accumulate(counts_.begin(), counts_.end(), 0U);
     if (codes == 0)
         refuse("Empty huffman table. ");
-    if (codes > symbols_.size())
-        refuse("Huffman table with more than 256 codes. ");
-    std::ranges::copy(segment.bytes(codes), symbols_.begin());
-    assignCodes();
-    fillLookUp();
+    const std::span<const std::uint8_t> symbols = segment.bytes(codes);
+    symbols_.assign(symbols.begin(), symbols.end());
+    isCode_ = assignCodes();
+    if (isCode_)
+        fillLookUp();
 }
 
-void HuffmanTable::assignCodes() {
+/// Gives each length its codes; returns whether there are enough of that length.
+bool HuffmanTable::assignCodes() {
     std::uint32_t code = 0; // the next one of its length
     std::int32_t symbol = 0;
     for (unsigned length = 1; length <= kLongestCode; ++length) {
@@ -35,9 +37,10 @@ void HuffmanTable::assignCodes() {
         code += counts_[length - 1];
         symbol += counts_[length - 1];
         if (code > 1U << length)
-            refuse("Huffman table with more codes than its lengths allow. ");
+            return false;
         limits_[length] = code << (kLongestCode - length);
     }
+    return true;
 }
 
 void HuffmanTable::fillLookUp() {

@@ -31,6 +31,7 @@ using CoefficientBlock = std::array<std::int16_t, 64>;
 /// clauses A.3.1, A.3.3 and A.3.4).
 class InverseDct {
 public:
+    /// The transform of coefficients that were quantised with `table`.
     explicit InverseDct(const QuantizationTable& table);
 
     /// Writes 8 lines of 8 samples, the first at `samples`, each `lineBytes` after the one before,

@@ -4,6 +4,8 @@
 #include "core/Exception.h"
 #include "migration/ImageMetadata.h"
 #include "migration/jpeg/BlockReader.h"
+#include "migration/jpeg/ProgressiveDCTMode.h"
+#include "migration/jpeg/SequentialDCTMode.h"
 
 #include <optional>
 
@@ -31,6 +33,10 @@ enum class Marker : std::uint8_t {
 constexpr unsigned kFirstCode = 0xC0;
 constexpr unsigned kLastCode = 0xFE;
 
+constexpr std::uint8_t kMarkerStart = 0xFF;
+
+[[noreturn]] void refuseMissingMarker() { refuse("Expected start of marker segment. "); }
+
 [[noreturn]] void refuseMarker(unsigned code) {
     throw SupportException{kNoOrigin, "JPEG marker " + toHexadecimal(code)};
 }
@@ -50,7 +56,8 @@ private:
     Marker marker();
     Segment segment();
     void readSegment(Marker marker);
-    void readFrame(BlockReader::Process process);
+    template <class Mode>
+    void readFrame();
     void readScan();
     void readHuffmanTables(Segment segment);
     void readQuantizationTables(Segment segment);
@@ -81,10 +88,10 @@ std::uint8_t SegmentLoop::byte() {
 
 /// The next marker; any number of 0xFF may fill up before its code (clause B.1.1.2).
 Marker SegmentLoop::marker() {
-    if (byte() != 0xFF)
-        refuse("Expected start of marker segment. ");
+    if (byte() != kMarkerStart)
+        refuseMissingMarker();
     std::uint8_t code = byte();
-    while (code == 0xFF)
+    while (code == kMarkerStart)
         code = byte();
     if (code < kFirstCode || code > kLastCode)
         refuseMarker(code);
@@ -109,9 +116,9 @@ void SegmentLoop::readSegment(Marker marker) {
     case Marker::StartOfImage:
         return;
     case Marker::BaselineFrame:
-        return readFrame(BlockReader::Process::Sequential);
+        return readFrame<SequentialDCTMode>();
     case Marker::ProgressiveFrame:
-        return readFrame(BlockReader::Process::Progressive);
+        return readFrame<ProgressiveDCTMode>();
     case Marker::HuffmanTables:
         return readHuffmanTables(segment());
     case Marker::QuantizationTables:
@@ -130,11 +137,12 @@ void SegmentLoop::readSegment(Marker marker) {
     segment();
 }
 
-void SegmentLoop::readFrame(BlockReader::Process process) {
+template <class Mode>
+void SegmentLoop::readFrame() {
     const FrameHeader header{segment()};
     if (frame_)
         refuse("Image with more than one frame. ");
-    frame_.emplace(header, process, *picture_);
+    frame_.emplace(std::make_unique<Mode>(header, *picture_));
 }
 
 void SegmentLoop::readScan() {
@@ -145,24 +153,35 @@ void SegmentLoop::readScan() {
 }
 
 void SegmentLoop::readHuffmanTables(Segment segment) {
-    do {
+    while (!segment.atEnd()) {
         const HuffmanTable table{segment};
         const bool isDc = table.tableClass() == HuffmanTable::Class::Dc;
         (isDc ? tables_.dc : tables_.ac)[table.destination()] = table;
-    } while (!segment.atEnd());
+    }
 }
 
 void SegmentLoop::readQuantizationTables(Segment segment) {
-    do {
+    while (!segment.atEnd()) {
         const QuantizationTable table{segment};
         tables_.quantization[table.destination] = table;
-    } while (!segment.atEnd());
+    }
 }
 
 void SegmentLoop::readRestartInterval(Segment segment) {
     tables_.restartInterval = segment.word();
     if (!segment.atEnd())
         refuse("Define restart interval segment larger than expected. ");
+}
+
+/// All bytes of the stream, unless the first one shows that it holds no JPEG file.
+IncrementalBuffer readFile(ReadStream& stream) {
+    IncrementalBuffer file;
+    file.resize(1);
+    file.resize(stream.readSome(file.writableData()));
+    if (file.size() != 0 && file.data()[0] != kMarkerStart)
+        refuseMissingMarker();
+    readAll(stream, file);
+    return file;
 }
 
 ImageMetadata describe(const FrameLayout& layout) {
@@ -178,8 +197,7 @@ ImageMetadata describe(const FrameLayout& layout) {
 } // namespace
 
 void JPEGImporter::importImage(DynamicBuffer& buffer, Metadata& metadata) {
-    IncrementalBuffer file;
-    readAll(stream(), file);
+    const IncrementalBuffer file = readFile(stream());
     SegmentLoop segments{file.data(), buffer};
     metadata.assign(describe(segments.read()));
 }

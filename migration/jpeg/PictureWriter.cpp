@@ -46,12 +46,13 @@ PictureWriter::Plan PictureWriter::planFor(const ComponentLayout& component) con
               .sums = {},
               .line = {},
               .wide = {}};
-    // Common decoders repeat where there are too few samples for the filter.
-    if (plan.across == Enlargement::Triangle && component.width <= 2) {
-        plan.across = Enlargement::Repeat;
-        if (plan.down == Enlargement::Triangle)
-            plan.down = Enlargement::Repeat;
-    }
+    // The filter is for components of at least half the size along both axes, and not for those
+    // that have too few samples for it. Common decoders draw the line in the same places.
+    const bool isTooNarrow = plan.across == Enlargement::Triangle && component.width <= 2;
+    if (isTooNarrow || plan.across == Enlargement::Repeat || plan.down == Enlargement::Repeat)
+        for (Enlargement* axis : {&plan.across, &plan.down})
+            if (*axis == Enlargement::Triangle)
+                *axis = Enlargement::Repeat;
     plan.sums.resize(component.width);
     plan.line.resize(component.width);
     plan.wide.resize(std::max(2 * component.width, layout_->width));

@@ -26,6 +26,7 @@ public:
     /// The distance of two sample lines of a component.
     std::size_t lineBytes(std::size_t component) const { return windows_[component].lineBytes(); }
 
+    /// Writes the lines that the blocks of a row of MCUs complete.
     void finishUnitRow();
 
 private:

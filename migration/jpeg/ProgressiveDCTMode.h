@@ -3,42 +3,41 @@
 #include "migration/jpeg/BlockReader.h"
 #include "migration/jpeg/CoefficientStore.h"
 
-#include <array>
-#include <cstdint>
 #include <vector>
 
 namespace VORN::Migration::JPEG {
 
 class PictureWriter;
 
-/// Progressive decoding (ITU-T T.81, annex G): scans refine the coefficients step by step.
+/// Progressive decoding (ITU-T T.81, annex G): scans make the coefficients known step by step.
 ///
-/// Each coefficient must go through its steps in order and once, as clause G.1.1.1 has it; so a
-/// file cannot have the same blocks gone through without end.
+/// Scans are taken in any order and any number of times: a first scan sets coefficients anew, a
+/// refinement adds its bit to whatever is known by then. What is not in the file stays 0. So that a
+/// file pays for what it takes, memory waits until there is enough data for a DC scan, which needs
+/// a bit for each block and without which there is no picture; and the time that a scan takes
+/// follows its length, not the number of blocks that it spans.
 class ProgressiveDCTMode : public BlockReader::Mode {
 public:
-    ProgressiveDCTMode(const FrameHeader& header, DynamicBuffer& picture);
+    ProgressiveDCTMode(const FrameHeader& header, DynamicBuffer& picture) : Mode{header, picture} {}
 
     void readScan(const ScanHeader& header, const Tables& tables, ByteUnstuffer& bits) override;
     void finish() override;
 
 private:
-    /// By zigzag number the lowest bit that is known so far; `kUnknown` before the first scan.
-    using Progress = std::array<std::uint8_t, 64>;
-    static constexpr std::uint8_t kUnknown = 255;
-
     void checkScan(const ScanHeader& header) const;
     std::size_t componentOf(const ScanHeader::ScanComponent& scanComponent) const;
-    void advance(std::size_t component, const ScanHeader& header);
+    void makeStores(const ByteUnstuffer& bits);
 
+    template <class Visit>
+    void forEachDc(Visit visit);
     void readFirstDc(const ScanHeader& header, const Tables& tables, ByteUnstuffer& bits);
     void refineDc(const ScanHeader& header, ByteUnstuffer& bits);
     void readFirstAc(const ScanHeader& header, const Tables& tables, ByteUnstuffer& bits);
     void refineAc(const ScanHeader& header, const Tables& tables, ByteUnstuffer& bits);
     void transformUnitRow(std::size_t component, std::uint32_t unitRow, PictureWriter& writer);
 
-    CoefficientStore store_;
-    std::vector<Progress> progress_; // by component
+    std::vector<CoefficientStore> stores_; // by component; none before the first scan
+    bool hasDcScan_ = false;
 };
 
 } // namespace VORN::Migration::JPEG

@@ -28,6 +28,8 @@ public:
     /// Two bytes, the more significant one first.
     std::uint16_t word();
     std::span<const std::uint8_t> bytes(std::size_t count);
+    /// How many bytes have not been taken.
+    std::size_t left() const { return rest_.size(); }
     bool atEnd() const { return rest_.empty(); }
 
 private:

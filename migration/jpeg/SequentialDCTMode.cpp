@@ -146,8 +146,8 @@ void SequentialDCTMode::readScan(const ScanHeader& header, const Tables& tables,
     for (std::size_t i = 0; i < header.components.size(); ++i) {
         const ScanHeader::ScanComponent& component = header.components[i];
         keepTransform(i, tables);
-        decoders.push_back({.dc = &require(tables.dc, component.dcTable),
-                            .ac = &require(tables.ac, component.acTable),
+        decoders.push_back({.dc = &tables.dcTable(component.dcTable),
+                            .ac = &tables.acTable(component.acTable),
                             .transform = &transform(i)});
     }
     // Data that cannot suffice is decoded all the same, up to the failure it must end in; but it
@@ -155,12 +155,6 @@ void SequentialDCTMode::readScan(const ScanHeader& header, const Tables& tables,
     PictureWriter writer{layout(), canHold(bits, layout().blocks()) ? resizedPicture()
                                                                     : std::span<std::uint8_t>{}};
     ScanReader{layout(), std::move(decoders), tables.restartInterval}.read(bits, writer);
-    isRead_ = true;
-}
-
-void SequentialDCTMode::finish() {
-    if (!isRead_)
-        refuse("Component without any scan. ");
 }
 
 } // namespace VORN::Migration::JPEG

@@ -12,12 +12,10 @@ public:
     SequentialDCTMode(const FrameHeader& header, DynamicBuffer& picture) : Mode{header, picture} {}
 
     void readScan(const ScanHeader& header, const Tables& tables, ByteUnstuffer& bits) override;
-    void finish() override;
+    void finish() override { requireScans(); }
 
 private:
     void checkScan(const ScanHeader& header) const;
-
-    bool isRead_ = false;
 };
 
 } // namespace VORN::Migration::JPEG

@@ -1,8 +1,7 @@
 #include "migration/native/NativeImporter.h"
 
 #include "core/Exception.h"
-#include "migration/ImageFormatDescriptor.h"
-#include "migration/ReadSamples.h"
+#include "migration/ImageMetadata.h"
 
 namespace VORN::Migration {
 
@@ -34,18 +33,6 @@ bool hasImageKeys(ReadStream& stream) {
     return imageKeys == image.keys().size();
 }
 
-/// The typed form of what the stream holds; every key of `ImageMetadata` has to be there.
-ImageMetadata readImageMetadata(ReadStream& stream) {
-    Metadata texts;
-    for (const auto& [key, value] : Deserializer{stream}.getMap())
-        texts.set(key, value);
-    ImageMetadata image;
-    for (const std::string& key : image.keys())
-        image.set(key, texts.get(key));
-    image.assign(texts);
-    return image;
-}
-
 } // namespace
 
 double NativeMetaImporter::recognise(ReadStream& stream) {
@@ -56,31 +43,20 @@ double NativeMetaImporter::recognise(ReadStream& stream) {
     }
 }
 
-void NativeMetaImporter::readMetadata(Metadata& metadata) {
-    metadata_ = readImageMetadata(stream());
-    hasMetadata_ = true;
-    metadata.assign(metadata_);
+void NativeMetaImporter::parseMetadata(Metadata& metadata) {
+    Metadata texts;
+    for (const auto& [key, value] : Deserializer{stream()}.getMap())
+        texts.set(key, value);
+    for (const std::string& key : ImageMetadata{}.keys())
+        static_cast<void>(texts.get(key)); // has to be there
+    metadata.assign(texts);
 }
 
-const ImageMetadata& NativeMetaImporter::takeMetadata() {
-    if (!hasMetadata_)
-        throw InsufficientMetaException{kNoOrigin,
-                                        "Meta data not provided before attempting to read data. "};
-    hasMetadata_ = false;
-    return metadata_;
-}
-
-void NativeImporter::readData(DynamicBuffer& buffer) {
-    const ImageMetadata& metadata = takeMetadata();
-    const ImageFormatDescriptor layout{metadata};
-    // Each channel has a slot of whole bytes within its pixel.
-    const std::uint64_t sampleBytes = (std::uint64_t{metadata.type.bits} + 7) / 8;
-    if (layout.pixelStride < metadata.channels * sampleBytes)
-        throw SupportException{kNoOrigin, "non-byte-aligned pixels"};
+void NativeImporter::parseData(std::uint64_t bytes, DynamicBuffer& buffer) {
     const auto stored = Deserializer{stream()}.get<std::uint32_t>();
-    if (stored != layout.bytes())
+    if (stored != bytes)
         throw FormatException{kNoOrigin, "native",
-                              "Expected " + std::to_string(layout.bytes()) + " sample bytes but " +
+                              "Expected " + std::to_string(bytes) + " sample bytes but " +
                                   std::to_string(stored) + " are stored. "};
     readSamples(stream(), stored, buffer);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "migration/DataImporter.h"
-#include "migration/ImageMetadata.h"
 
 namespace VORN::Migration {
 
@@ -16,25 +15,16 @@ public:
     /// all that describe a picture. The stream's position is undefined afterwards.
     static double recognise(ReadStream& stream);
 
-    /// A key of `ImageMetadata` that is missing is a `NotFoundException`, a value that does not
-    /// convert throws as `ImageMetadata::set` does; then `metadata` stays as it is.
-    void readMetadata(Metadata& metadata) override;
-
 protected:
-    /// What was read last, once; nothing read since is an `InsufficientMetaException`.
-    const ImageMetadata& takeMetadata();
-
-private:
-    ImageMetadata metadata_;
-    bool hasMetadata_ = false; // `metadata_` belongs to the samples that follow in the stream
+    /// A key of `ImageMetadata` that is missing is a `NotFoundException`.
+    void parseMetadata(Metadata& metadata) override;
 };
 
 /// Reads pictures of the program's own format.
 class NativeImporter : public NativeMetaImporter {
-public:
-    /// A number of sample bytes that is not the picture's is a `FormatException`, samples that are
-    /// no whole bytes are a `SupportException`. Memory grows with the samples that arrive.
-    void readData(DynamicBuffer& buffer) override;
+protected:
+    /// A number of sample bytes that is not the expected one is a `FormatException`.
+    void parseData(std::uint64_t bytes, DynamicBuffer& buffer) override;
 };
 
 } // namespace VORN::Migration

@@ -4,43 +4,12 @@
 #include "migration/ImageFormatDescriptor.h"
 
 #include <algorithm>
-#include <limits>
 #include <string>
 #include <vector>
 
 namespace VORN::Migration {
 
 namespace {
-
-/// Where the samples of a picture stand in its buffer, in bytes.
-struct SampleLayout {
-    std::uint64_t width;
-    std::uint64_t height;
-    std::size_t sampleBytes;
-    std::uint64_t pixelStride;
-    std::uint64_t lineStride;
-    std::vector<std::size_t> sampleOffsets; // from the pixel's start, in channel order
-
-    /// Pixels whose bits give no byte per sample are laid out with whole bytes all the same.
-    SampleLayout(const ImageMetadata& metadata, const ImageFormatDescriptor& descriptor)
-        : width{metadata.width},
-          height{metadata.height},
-          sampleBytes{metadata.type.bits > 8 ? 2U : 1U},
-          pixelStride{
-              std::max<std::uint64_t>(descriptor.pixelStride, metadata.channels * sampleBytes)},
-          lineStride{std::max(descriptor.lineStride, width * pixelStride)} {
-        for (const std::uint32_t slot : descriptor.channelOffsets)
-            sampleOffsets.push_back(slot * sampleBytes);
-    }
-
-    std::size_t rowBytes() const { return width * sampleOffsets.size() * sampleBytes; }
-
-    /// Tells whether a line of the buffer starts with the row of the file.
-    bool isPacked() const {
-        return pixelStride == sampleOffsets.size() * sampleBytes &&
-               std::ranges::is_sorted(sampleOffsets);
-    }
-};
 
 void checkSamples(const ImageMetadata& metadata) {
     const std::uint64_t bits = metadata.type.bits;
@@ -58,11 +27,8 @@ void checkSamples(const ImageMetadata& metadata) {
 }
 
 void checkSize(const Buffer& buffer, const SampleLayout& layout) {
-    std::uint64_t bytes = 0;
-    if (__builtin_mul_overflow(layout.lineStride, layout.height, &bytes))
-        bytes = std::numeric_limits<std::uint64_t>::max();
-    if (bytes > buffer.size())
-        throw SpaceException<std::uint64_t>{kNoOrigin, bytes, buffer.size()};
+    if (layout.bytes() > buffer.size())
+        throw SpaceException<std::uint64_t>{kNoOrigin, layout.bytes(), buffer.size()};
 }
 
 bool isBitmap(const ImageMetadata& metadata) {
@@ -92,7 +58,7 @@ void packSamples(std::span<const std::uint8_t> line, const SampleLayout& layout,
                  std::span<std::uint8_t> row) {
     auto out = row.begin();
     for (std::size_t x = 0; x < layout.width; ++x)
-        for (const std::size_t offset : layout.sampleOffsets)
+        for (const std::size_t offset : layout.offsets)
             out = std::copy_n(line.begin() +
                                   static_cast<std::ptrdiff_t>(x * layout.pixelStride + offset),
                               layout.sampleBytes, out);
@@ -112,7 +78,7 @@ void writeRaster(WriteStream& out, const Buffer& buffer, const SampleLayout& lay
         return forEachLine(buffer, layout, [&](std::span<const std::uint8_t> line) {
             out.write(line.first(layout.rowBytes()));
         });
-    std::vector<std::uint8_t> row(bitmap ? (layout.width + 7) / 8 : layout.rowBytes());
+    std::vector<std::uint8_t> row(bitmap ? (std::size_t{layout.width} + 7) / 8 : layout.rowBytes());
     forEachLine(buffer, layout, [&](std::span<const std::uint8_t> line) {
         if (bitmap)
             packBits(line, layout, row);
@@ -128,7 +94,7 @@ void NetPBMExporter::exportImage(const Buffer& buffer, const Metadata& metadata)
     ImageMetadata image;
     image.assign(metadata);
     checkSamples(image);
-    const SampleLayout layout{image, ImageFormatDescriptor{metadata}};
+    const SampleLayout layout{image};
     checkSize(buffer, layout);
     writeHeader(stream(), image);
     writeRaster(stream(), buffer, layout, isBitmap(image));

@@ -3,7 +3,6 @@
 #include "core/Conversion.h"
 #include "core/Exception.h"
 #include "migration/ImageFormatDescriptor.h"
-#include "migration/ReadSamples.h"
 
 #include <algorithm>
 #include <array>
@@ -133,46 +132,41 @@ void unpackRow(std::span<const std::uint8_t> packed, std::span<std::uint8_t> lin
         std::copy_n(kBits[packed[0]].begin(), line.size(), line.begin());
 }
 
-void readBitmap(ReadStream& in, const ImageMetadata& metadata, DynamicBuffer& buffer) {
-    const std::uint64_t rowBytes = (std::uint64_t{metadata.width} + 7) / 8;
+void readBitmap(ReadStream& in, const SampleLayout& layout, DynamicBuffer& buffer) {
+    const std::uint64_t rowBytes = (std::uint64_t{layout.width} + 7) / 8;
     IncrementalBuffer packed;
-    readSamples(in, rowBytes * metadata.height, packed);
-    buffer.resize(std::uint64_t{metadata.width} * metadata.height);
+    readSamples(in, rowBytes * layout.height, packed);
+    buffer.resize(layout.bytes());
     // All rows are there, so each of the sizes below fits memory.
     std::span<const std::uint8_t> rows = packed.data();
     std::span<std::uint8_t> lines = buffer.writableData();
     while (!lines.empty()) {
-        unpackRow(rows.first(rowBytes), lines.last(metadata.width));
+        unpackRow(rows.first(rowBytes), lines.last(layout.width));
         rows = rows.subspan(rowBytes);
-        lines = lines.first(lines.size() - metadata.width);
+        lines = lines.first(lines.size() - layout.width);
     }
 }
 
 /// The samples of a map stand in the file as they do in the buffer, but for the order of lines.
-void readMap(ReadStream& in, const ImageMetadata& metadata, DynamicBuffer& buffer) {
-    const ImageFormatDescriptor layout{metadata};
+void readMap(ReadStream& in, const SampleLayout& layout, DynamicBuffer& buffer) {
     readSamples(in, layout.bytes(), buffer);
     flipLines(buffer.writableData(), static_cast<std::size_t>(layout.lineStride));
 }
 
 } // namespace
 
-void NetPBMImporter::readMetadata(Metadata& metadata) {
+void NetPBMImporter::parseMetadata(Metadata& metadata) {
     metadata_ = readHeader(TokenReader{stream()});
-    hasMetadata_ = true;
     metadata.assign(metadata_);
 }
 
-void NetPBMImporter::readData(DynamicBuffer& buffer) {
-    if (!hasMetadata_)
-        throw InsufficientMetaException{kNoOrigin,
-                                        "Meta data not provided before attempting to read data. "};
-    hasMetadata_ = false;
+void NetPBMImporter::parseData(std::uint64_t, DynamicBuffer& buffer) {
     checkChannels(metadata_);
+    const SampleLayout layout{metadata_};
     if (metadata_.type.bits == 1)
-        readBitmap(stream(), metadata_, buffer);
+        readBitmap(stream(), layout, buffer);
     else
-        readMap(stream(), metadata_, buffer);
+        readMap(stream(), layout, buffer);
 }
 
 } // namespace VORN::Migration

@@ -16,14 +16,14 @@ namespace VORN::Migration {
 /// `SupportException`, a size that is no number a `ConversionException`; data that ends early is
 /// the stream's own exception. Memory grows with the samples that arrive.
 class NetPBMImporter : public DataImporterSeparate {
-public:
+protected:
     /// Leaves `metadata` as it is when the header cannot be read.
-    void readMetadata(Metadata& metadata) override;
-    void readData(DynamicBuffer& buffer) override;
+    void parseMetadata(Metadata& metadata) override;
+    /// Goes by the header, whatever size is expected.
+    void parseData(std::uint64_t bytes, DynamicBuffer& buffer) override;
 
 private:
-    ImageMetadata metadata_;
-    bool hasMetadata_ = false; // `metadata_` belongs to the samples that follow in the stream
+    ImageMetadata metadata_; // of the header that was read last
 };
 
 } // namespace VORN::Migration

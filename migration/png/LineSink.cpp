@@ -1,7 +1,7 @@
 #include "migration/png/LineSink.h"
 
 #include "core/Exception.h"
-#include "migration/png/PNG.h"
+#include "migration/png/Chunk.h"
 #include "migration/png/Unfilter.h"
 
 #include <algorithm>
@@ -9,39 +9,44 @@
 namespace VORN::Migration::PNG {
 
 LineSink::LineSink(std::span<std::uint8_t> picture, std::uint64_t lineBytes, std::uint32_t lines,
-                   std::size_t pixelBytes, const char* misfit)
+                   std::size_t pixelBytes, const char* sizeMismatch)
     : picture_{picture},
       lineBytes_{lineBytes},
       linesLeft_{lines},
       pixelBytes_{pixelBytes},
-      misfit_{misfit} {}
+      sizeMismatch_{sizeMismatch} {}
 
 void LineSink::write(std::span<const std::uint8_t> data) {
     checksum_.update(data);
     if (linesLeft_ * lineBytes_ > picture_.size())
-        return;
-    while (!data.empty()) {
-        if (linesLeft_ == 0)
-            refuse(misfit_);
-        if (filled_ == 0) {
-            filter_ = data.front();
-            data = data.subspan(1);
-            filled_ = 1;
-        }
-        const auto at = static_cast<std::size_t>(filled_ - 1);
-        const std::span<std::uint8_t> missing = currentLine().subspan(at);
-        const std::size_t piece = std::min(data.size(), missing.size());
-        std::ranges::copy(data.first(piece), missing.begin());
-        data = data.subspan(piece);
-        filled_ += piece;
-        if (filled_ - 1 == lineBytes_)
-            finishLine();
+        return; // it cannot become complete
+    while (!data.empty() && linesLeft_ > 0)
+        data = fillLine(data);
+    surplus_ += data.size();
+    if (surplus_ > kLargestSurplus)
+        refuse(sizeMismatch_);
+}
+
+/// Takes what the current line lacks; returns what is left of `data`, which is not empty.
+std::span<const std::uint8_t> LineSink::fillLine(std::span<const std::uint8_t> data) {
+    if (filled_ == 0) {
+        filter_ = data.front();
+        data = data.subspan(1);
+        filled_ = 1;
     }
+    const auto at = static_cast<std::size_t>(filled_ - 1);
+    const std::span<std::uint8_t> missing = currentLine().subspan(at);
+    const std::size_t piece = std::min(data.size(), missing.size());
+    std::ranges::copy(data.first(piece), missing.begin());
+    filled_ += piece;
+    if (filled_ - 1 == lineBytes_)
+        finishLine();
+    return data.subspan(piece);
 }
 
 void LineSink::checkComplete() const {
-    if (linesLeft_ != 0)
-        refuse(misfit_);
+    if (linesLeft_ != 0 || surplus_ != 0)
+        refuse(sizeMismatch_);
     if (badFilter_)
         throw BoundException<unsigned>{kNoOrigin, *badFilter_, kFilterTypes};
 }

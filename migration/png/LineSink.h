@@ -11,32 +11,39 @@ namespace VORN::Migration::PNG {
 /// Takes the image data as it is inflated and puts its lines, unfiltered, into a picture.
 ///
 /// Every line of the data is a filter byte and `lineBytes` bytes; the first one becomes the last
-/// line of the picture. More data than the picture has lines for is refused at once with `misfit`;
-/// what else is wrong is found out at the end, so that a bad checksum is reported first.
+/// line of the picture. What is wrong is found out at the end, so that faults of the compressed
+/// data and a bad checksum are reported first. Data beyond the last line is only counted.
 class LineSink : public WriteStream {
 public:
+    /// More data than this beyond the last line is refused at once: a few megabytes of compressed
+    /// data can hold gigabytes of it.
+    static constexpr std::uint64_t kLargestSurplus = std::uint64_t{64} << 20;
+
     /// `picture` holds `lines` lines of `lineBytes` bytes, which `pixelBytes` divides, and must
-    /// outlive the sink; an empty one stands for a picture that cannot become complete. `misfit` is
-    /// what a wrong number of bytes is called.
+    /// outlive the sink; an empty one stands for a picture that cannot become complete.
+    /// `sizeMismatch` is the detail of the `FormatException` for a wrong number of bytes.
     LineSink(std::span<std::uint8_t> picture, std::uint64_t lineBytes, std::uint32_t lines,
-             std::size_t pixelBytes, const char* misfit);
+             std::size_t pixelBytes, const char* sizeMismatch);
 
     void write(std::span<const std::uint8_t> data) override;
 
     /// The Adler-32 of all data so far.
     std::uint32_t checksum() const { return checksum_.value(); }
-    /// Too few bytes are a `FormatException`, a filter that does not exist is a `BoundException`.
+    /// A wrong number of bytes is a `FormatException`, a filter that does not exist a
+    /// `BoundException`.
     void checkComplete() const;
 
 private:
+    std::span<const std::uint8_t> fillLine(std::span<const std::uint8_t> data);
     std::span<std::uint8_t> currentLine() const;
     void finishLine();
 
     std::span<std::uint8_t> picture_;
     std::uint64_t lineBytes_; // as the header claims, like the number of lines
     std::uint64_t linesLeft_;
+    std::uint64_t surplus_ = 0; // bytes beyond the last line
     std::size_t pixelBytes_;
-    const char* misfit_;
+    const char* sizeMismatch_;
 
     Adler32 checksum_;
     std::uint8_t filter_ = 0;               // of the line that is being filled

@@ -1,11 +1,11 @@
 #include "migration/png/PNGExporter.h"
 
-#include "core/Exception.h"
+#include "core/CheckedSize.h"
 #include "migration/deflate/Adler32.h"
 #include "migration/deflate/DeflateStored.h"
 #include "migration/deflate/ZlibHeader.h"
-#include "migration/png/ChunkWriter.h"
-#include "migration/png/PNG.h"
+#include "migration/png/Chunk.h"
+#include "migration/png/IHDR.h"
 
 #include <limits>
 
@@ -30,10 +30,11 @@ struct Layout {
     std::uint64_t rawBytes;  // of all lines, with a filter byte before each
     std::uint64_t dataBytes; // of the IDAT chunk
 
-    // A line has less than 2^32 pixels of less than 2^10 bits, and all other factors fit a chunk.
     explicit Layout(const ImageMetadata& metadata)
         : lines{metadata.height},
-          lineBytes{std::uint64_t{metadata.width} * metadata.channels * metadata.type.bits / 8},
+          lineBytes{
+              (CheckedSize{metadata.width} * metadata.channels * metadata.type.bits).saturated() /
+              8},
           rawBytes{checkFits(checkFits(lineBytes + 1) * lines)},
           dataBytes{checkFits(ZlibHeader::kBytes + DeflateStored::streamBytes(rawBytes) +
                               ZlibChecksum::kBytes)} {}

@@ -1,17 +1,15 @@
 #pragma once
 
-#include "core/Crc32.h"
 #include "migration/DataImporter.h"
-#include "migration/png/PNG.h"
-
-#include <optional>
 
 namespace VORN::Migration {
 
 /// Reads PNG pictures that are not interlaced: grey, grey with alpha, RGB and RGBA with 8 or 16
-/// bits a sample, and indices of 8 bits, which become RGB.
+/// bits a sample, and indices of one byte, which become RGB.
 ///
-/// Ancillary chunks are skipped, transparency included; an index beyond the palette is black.
+/// Chunks are taken in any order up to the end chunk; each is judged by what came before it, and
+/// until a header comes all of its fields are 0. Ancillary chunks are skipped, transparency
+/// included; an index beyond the palette is black.
 class PNGImporter : public DataImporter {
 public:
     /// A violation is a `FormatException` of the format "png" or, in compressed data, "deflate", a
@@ -20,36 +18,6 @@ public:
     ///
     /// Memory grows with the data read: beside the picture only its compressed data is kept.
     void importImage(DynamicBuffer& buffer, Metadata& metadata) override;
-
-private:
-    /// Red, green and blue of each index; black where the file gives none.
-    using Palette = std::array<std::uint8_t, 3 * 256>;
-
-    struct Chunk {
-        PNG::ChunkType type{};
-        std::uint32_t length = 0;
-    };
-
-    void readSignature();
-    Chunk readChunk();
-    void readData(IncrementalBuffer& into, std::uint64_t kept, std::uint32_t length);
-    std::uint32_t readNumber();
-
-    bool takeChunk(const Chunk& chunk);
-    void takeHeader(const Chunk& chunk);
-    void takePalette(const Chunk& chunk);
-    void checkEnd(const Chunk& chunk) const;
-
-    void decode(DynamicBuffer& buffer, const ImageMetadata& metadata);
-    void decodeLines(DynamicBuffer& buffer, std::uint64_t lineBytes, std::size_t pixelBytes,
-                     const char* misfit);
-    void expandPalette(DynamicBuffer& buffer) const;
-
-    Crc32 checksum_;               // of the chunk that is being read
-    IncrementalBuffer data_;       // of the chunk read last, as far as it can matter
-    IncrementalBuffer compressed_; // the data of all IDAT chunks
-    std::optional<PNG::IHDR> header_;
-    std::optional<Palette> palette_;
 };
 
 } // namespace VORN::Migration

@@ -1,7 +1,7 @@
 #include "core/Crc32.h"
 #include "tests/app/ChildProgram.h"
 
-#include "migration/BigEndian.h"
+#include "core/Serialization.h"
 #include "migration/deflate/Adler32.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ std::string repeated(std::string_view text, std::size_t count) {
 }
 
 std::string bigEndian(std::uint32_t number) {
-    const auto bytes = Migration::toBigEndian(number);
+    const auto bytes = toBigEndian(number);
     return {bytes.begin(), bytes.end()};
 }
 
@@ -104,17 +104,25 @@ std::string bomb(std::size_t runs) {
     return "\x78\x01" + bits.bytes() + bigEndian(checksum.value());
 }
 
-/// A grey progressive picture of `side` x `side` blocks with all scans that a file may have: one
-/// for the DC coefficients and, for each of the others, 14 that refine it bit by bit.
-std::string manyScans(unsigned side) {
+/// A zlib stream of a million empty blocks with the fixed code, and one that holds a pixel.
+std::string emptyBlocks() {
+    Bits bits{Bits::First::Least};
+    bits.put("0100000000", 8); // not the last block, the fixed code, the end
+    return "\x78\x01" + repeated(bits.bytes(), 125000) +
+           "\x01\x02\x00\xFD\xFF\x00\x07\x00\x09\x00\x08"s;
+}
+
+/// A grey progressive picture of `across` x `down` blocks with a scan for the DC coefficients and,
+/// as often as `rounds` says, for each of the others 14 that refine it bit by bit.
+std::string manyScans(unsigned across, unsigned down, unsigned rounds) {
     const auto word = [](unsigned value) { return bigEndian(value).substr(2); };
     std::string file = "\xFF\xD8\xFF\xDB"s + word(67) + '\0' + std::string(64, '\x01');
-    file += "\xFF\xC2"s + word(11) + '\x08' + word(8 * side) + word(8 * side) + "\1\1\x11\0"s;
+    file += "\xFF\xC2"s + word(11) + '\x08' + word(8 * down) + word(8 * across) + "\1\1\x11\0"s;
     // One code word each, 0: no difference; an end-of-band run of 2^14 blocks and more.
     const std::string lengths = "\1"s + std::string(15, '\0');
     file += "\xFF\xC4"s + word(20) + '\0' + lengths + '\0';
     file += "\xFF\xC4"s + word(20) + '\x10' + lengths + '\xE0';
-    const std::size_t blocks = std::size_t{side} * side;
+    const std::size_t blocks = std::size_t{across} * down;
     const auto scan = [&](unsigned start, unsigned end, unsigned bits, const Bits& data) {
         file += "\xFF\xDA"s + word(8) + "\1\1\0"s + static_cast<char>(start) +
                 static_cast<char>(end) + static_cast<char>(bits) + data.bytes();
@@ -124,9 +132,10 @@ std::string manyScans(unsigned side) {
     scan(0, 0, 0, dc);
     Bits runs{Bits::First::Most};
     runs.put("0" + std::string(14, '0'), (blocks + 16383) / 16384);
-    for (unsigned k = 1; k < 64; ++k)
-        for (unsigned low = 14; low-- > 0;)
-            scan(k, k, low == 13 ? low : (low + 1) << 4 | low, runs);
+    for (unsigned round = 0; round < rounds; ++round)
+        for (unsigned k = 1; k < 64; ++k)
+            for (unsigned low = 14; low-- > 0;)
+                scan(k, k, low == 13 ? low : (low + 1) << 4 | low, runs);
     return file + "\xFF\xD9";
 }
 
@@ -224,9 +233,12 @@ const Case kCases[] = {
     {"PngOfAMillionChunks", kPalette,
      [] { return png(1, 1, 0, repeated(pngChunk("tEXt"), 1000000) + pngChunk("IDAT" + bomb(0))); },
      1, kFormat, 1, 10},
-    {"JpegOfManyScans", kPalette, [] { return manyScans(200); }, 0, "", 16, 20},
-    {"JpegClaimsMuch", kPalette, [] { return manyScans(8191).substr(0, 4000); }, 1, kFormat, 10,
-     20},
+    {"PngOfAMillionBlocks", kPalette, [] { return png(1, 1, 0, pngChunk("IDAT" + emptyBlocks())); },
+     0, "", 2, 10},
+    {"JpegOfManyScans", kPalette, [] { return manyScans(200, 200, 1); }, 0, "", 16, 20},
+    {"JpegOfRepeatedScans", kPalette, [] { return manyScans(1, 8191, 800); }, 0, "", 24, 20},
+    {"JpegClaimsMuch", kPalette, [] { return manyScans(8191, 8191, 1).substr(0, 4000); }, 1,
+     kFormat, 10, 20},
     {"NativeClaimsMuch", kPalette, [] { return native("4294967295", "1431655765", 0xFFFFFFFF); }, 1,
      kFormat, 1, 2},
     {"NativeStoresLess", kPalette, [] { return native("35791394", "40", 0xFFFFFFF0); }, 1, kStream,

@@ -25,11 +25,12 @@ class NearestBeadTest : public testing::TestWithParam<Case> {};
 // pitches, where many beads are equally far.
 TEST_P(NearestBeadTest, IsTheBeadThatTheWalkFinds) {
     const auto& [style, size, length] = GetParam();
-    const Pattern::Layer layer{std::string(length, 'a'), size};
-    const BeadGeometry geometry{style, size};
-    const NearestBead nearestBead{style, layer};
-    const auto& [origin, end] =
-        std::pair{geometry.box().origin(), geometry.box().origin() + geometry.box().extent()};
+    const std::string content(length, 'a');
+    const LayerView layer{{style, size}, content};
+    const NearestBead nearestBead{layer};
+    const Hyperrectangle<2, float> box = BeadGeometry{layer.shape}.box();
+    const Point<2, float> origin = box.origin();
+    const Point<2, float> end = box.origin() + box.extent();
     std::mt19937 random{20240707};
     std::uniform_real_distribution<float> x{origin[0] - 4, end[0] + 4};
     std::uniform_real_distribution<float> y{origin[1] - 4, end[1] + 4};
@@ -37,7 +38,7 @@ TEST_P(NearestBeadTest, IsTheBeadThatTheWalkFinds) {
         Point<2, float> point{x(random), y(random)};
         if (n % 2 == 0)
             point = {std::round(point[0] * 4) / 4, std::round(point[1] * 4) / 4};
-        ASSERT_EQ(nearestBead.find(point), nearestByWalk(geometry, length, point))
+        ASSERT_EQ(nearestBead.find(point), nearestByWalk(layer, point))
             << "at " << point[0] << ", " << point[1];
     }
 }

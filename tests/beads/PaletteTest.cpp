@@ -54,8 +54,8 @@ TEST(Palette, ReadsEveryBuiltinOne) {
         for (std::size_t i = 0; i < entry.bytes.size(); ++i)
             if (i == 0 || entry.bytes[i - 1] == '\n')
                 symbols.set(entry.bytes[i]);
-        for (unsigned symbol = 0; symbol < Palette::kSlots; ++symbol)
-            EXPECT_EQ(palette.Contains(static_cast<unsigned char>(symbol)), symbols[symbol]);
+        for (std::size_t slot = 0; slot < Palette::kSlots; ++slot)
+            EXPECT_EQ(palette.Contains(static_cast<char>(slot)), symbols[slot]);
     }
 }
 

@@ -1,4 +1,6 @@
-#include "beads/PictureConversion.h"
+#include "beads/BeadMatching.h"
+#include "beads/Cropping.h"
+#include "beads/Dithering.h"
 #include "beads/Scaling.h"
 #include "tests/Complaint.h"
 
@@ -10,18 +12,16 @@
 namespace VORN {
 namespace {
 
-using Picture = Signal<3, unsigned char>;
-
 /// A picture of greys, given from the top row on, digits 0 to 5 standing for 0, 51, ... 255.
-Picture greys(const std::vector<std::string>& rows) {
+Picture greys(const std::vector<std::string>& rows, unsigned channels = 3) {
     const auto height = static_cast<unsigned>(rows.size());
     const auto width = static_cast<unsigned>(rows[0].size());
-    Picture picture{{3U, width, height}};
-    for (unsigned y = 0; y < height; ++y)
-        for (unsigned x = 0; x < width; ++x)
-            for (unsigned c = 0; c < 3; ++c)
-                picture[{c, x, height - 1 - y}] =
-                    static_cast<unsigned char>(51 * (rows[y][x] - '0'));
+    Picture picture{width, height, channels};
+    for (unsigned y = 0; y < height; ++y) {
+        const auto samples = picture.rowSamples(y);
+        for (std::size_t i = 0; i < samples.size(); ++i)
+            samples[i] = static_cast<unsigned char>(51 * (rows[y][i / channels] - '0'));
+    }
     return picture;
 }
 
@@ -30,18 +30,19 @@ Palette greyPalette() {
     Palette palette;
     for (int i = 0; i < 6; ++i) {
         const float grey = toComponent(static_cast<unsigned char>(51 * i));
-        palette.Set(static_cast<unsigned char>('0' + i), {grey, grey, grey});
+        palette.Set(static_cast<char>('0' + i), {grey, grey, grey});
     }
     return palette;
 }
 
-std::string matched(const Picture& picture, PatternStyle style, const Tuple<2, unsigned>& size,
+std::string matched(const PictureView& picture, PatternStyle style, const Tuple<2, unsigned>& size,
                     const std::optional<ColorBox>& transparent = {}) {
     Pattern pattern;
     pattern.style = style;
     pattern.AddFilledLayer(size, kNoBead);
-    matchBeads(PictureView{picture}, {greyPalette(), {}}, transparent, pattern);
-    return pattern.layer(0).content;
+    std::string content = pattern.layer(0).content;
+    matchBeads(picture, {greyPalette(), RgbDistance{}}, transparent, pattern.shape(0), content);
+    return content;
 }
 
 TEST(MatchBeads, KeepsThePictureUpright) {
@@ -56,6 +57,9 @@ TEST(MatchBeads, KeepsThePictureUpright) {
     EXPECT_EQ(matched({}, PatternStyle::Circle, {2, 2}), ".......");
     const ColorBox transparent{{0.3F, 0.3F, 0.3F}, 0.15F};
     EXPECT_EQ(matched(greys({"012", "345"}), PatternStyle::Square, {3, 2}, transparent), "0..345");
+    // Grey pictures hold one channel.
+    EXPECT_EQ(matched(greys({"012", "345"}, 1), PatternStyle::Square, {3, 2}), "012345");
+    EXPECT_EQ(matched(greys({"05", "05"}, 1), PatternStyle::Hex, {2, 2}), "0 3  2 5");
 }
 
 TEST(MatchBeads, LosesNoBeadAtTheEdge) {
@@ -74,24 +78,30 @@ TEST(ColorBox, RoundsOutwards) {
     for (const auto& c : kCases)
         for (unsigned byte = 0; byte < 256; ++byte) {
             const ColorBox box{{c.centre, c.centre, c.centre}, c.threshold};
-            const std::vector<unsigned char> rgb(3, static_cast<unsigned char>(byte));
-            EXPECT_EQ(box.contains(rgb.data()), c.first <= byte && byte <= c.last) << byte;
+            const auto grey = static_cast<unsigned char>(byte);
+            EXPECT_EQ(box.contains({grey, grey, grey}), c.first <= byte && byte <= c.last) << byte;
         }
 }
 
 /// Error diffusion as it is defined, without any haste.
 std::string ditheredByWalk(const PictureView& picture, const PaletteMatcher& matcher) {
-    const unsigned width = picture.size()[1];
+    const unsigned width = picture.width();
+    const auto placed = [](const Color& color) {
+        return [&color](const auto& distance) {
+            return distance.place(ColorPlace{color[0], color[1], color[2]});
+        };
+    };
     std::vector<Color> buffer(width);
     Color running;
     std::string symbols;
-    for (unsigned y = picture.size()[2]; y-- > 0;) {
+    for (unsigned y = 0; y < picture.height(); ++y) {
         buffer.back() = running;
         running = {};
         for (unsigned x = 0; x < width; ++x) {
+            const Color pixel = toColor(picture.row(y)[x]);
             Color q;
             for (unsigned c = 0; c < 3; ++c) {
-                float sum = toComponent(picture[{c, x, y}]) + 0.4375F * running[c];
+                float sum = pixel[c] + 0.4375F * running[c];
                 sum = sum + 0.3125F * buffer[x][c];
                 if (x >= 2)
                     sum = sum + 0.1875F * buffer[x - 1][c];
@@ -99,9 +109,9 @@ std::string ditheredByWalk(const PictureView& picture, const PaletteMatcher& mat
                     sum = sum + 0.0625F * buffer[x + 1][c];
                 q[c] = sum;
             }
-            const std::size_t entry = matcher.nearestEntry({q[0], q[1], q[2]});
-            const PaletteMatcher::Components& color = matcher.color(entry);
-            symbols += static_cast<char>(matcher.symbol(entry));
+            const std::size_t entry = matcher.nearest(std::visit(placed(q), matcher.distance()));
+            const ColorPlace& color = matcher.color(entry);
+            symbols += matcher.symbol(entry);
             if (x >= 2)
                 buffer[x - 1] = running;
             running = {q[0] - color[0], q[1] - color[1], q[2] - color[2]};
@@ -112,9 +122,10 @@ std::string ditheredByWalk(const PictureView& picture, const PaletteMatcher& mat
 
 Picture noise(unsigned width, unsigned height) {
     std::mt19937 random{width * 1000 + height};
-    Picture picture{{3U, width, height}};
-    for (unsigned char& sample : picture.samples())
-        sample = static_cast<unsigned char>(random());
+    Picture picture{width, height, 3};
+    for (unsigned y = 0; y < height; ++y)
+        for (unsigned char& sample : picture.rowSamples(y))
+            sample = static_cast<unsigned char>(random());
     return picture;
 }
 
@@ -124,29 +135,28 @@ TEST(Dither, DiffusesErrorsAsDefined) {
     palette.Set('r', {1, 0.2F, 0});
     palette.Set('w', {1, 1, 1});
     palette.Set('b', {0, 0.1F, 0.9F});
-    for (const PaletteMatcher::Weights& weights :
-         {PaletteMatcher::Weights{}, PaletteMatcher::Weights{{1, 0.5F, 2}}})
+    for (const ColorDistance& distance :
+         {ColorDistance{RgbDistance{}}, ColorDistance{HsvDistance{{1, 0.5F, 2}}}})
         for (const auto& [width, height] : {std::pair{1U, 9U}, {2U, 9U}, {3U, 5U}, {40U, 30U}}) {
-            const auto picture = noise(width, height);
-            const PaletteMatcher matcher{palette, weights};
-            EXPECT_EQ(dither(PictureView{picture}, matcher),
-                      ditheredByWalk(PictureView{picture}, matcher));
+            const Picture picture = noise(width, height);
+            const PaletteMatcher matcher{palette, distance};
+            EXPECT_EQ(dither(picture, matcher), ditheredByWalk(picture, matcher));
         }
     // 0.6 is white; 0.6 - 7/16 of 0.4 black; 0.6 + 7/16 of 0.425 white; 0.6 - 7/16 of 0.214 too.
     Palette blackAndWhite;
     blackAndWhite.Set('k', {0, 0, 0});
     blackAndWhite.Set('w', {1, 1, 1});
-    EXPECT_EQ(dither(PictureView{greys({"3333"})}, {blackAndWhite, {}}), "wkww");
+    EXPECT_EQ(dither(greys({"3333"}), {blackAndWhite, RgbDistance{}}), "wkww");
 }
 
 TEST(Crop, CountsFromTheTopLeftCorner) {
     const auto original = greys({"0123", "4501", "2345"});
     const auto cropped = [&](const PictureRegion& region) {
-        Picture picture{original};
-        std::string rows = complaintOf([&] { crop(picture, region); });
-        for (unsigned y = rows.empty() ? picture.size()[2] : 0; y-- > 0; rows += '|')
-            for (unsigned x = 0; x < picture.size()[1]; ++x)
-                rows += static_cast<char>('0' + picture[{1U, x, y}] / 51);
+        PictureView picture;
+        std::string rows = complaintOf([&] { picture = crop(original, region); });
+        for (unsigned y = 0; y < picture.height(); ++y, rows += '|')
+            for (unsigned x = 0; x < picture.width(); ++x)
+                rows += static_cast<char>('0' + picture.row(y)[x].green / 51);
         return rows;
     };
     const std::pair<PictureRegion, const char*> kCases[] = {
@@ -161,9 +171,8 @@ TEST(Crop, CountsFromTheTopLeftCorner) {
     };
     for (const auto& [region, rows] : kCases)
         EXPECT_EQ(cropped(region), rows);
-    EXPECT_EQ(pickColor(PictureView{original}, 3, 0), Color(0.6F, 0.6F, 0.6F));
-    EXPECT_EQ(complaintOf([&] { pickColor(PictureView{original}, 4, 3); }),
-              "Value (4) out of bound (4). ");
+    EXPECT_EQ(pickColor(original, 3, 0), Color(0.6F, 0.6F, 0.6F));
+    EXPECT_EQ(complaintOf([&] { pickColor(original, 4, 3); }), "Value (4) out of bound (4). ");
 }
 
 TEST(OpaqueRegion, SurroundsAllOpaquePixels) {
@@ -174,7 +183,7 @@ TEST(OpaqueRegion, SurroundsAllOpaquePixels) {
         {{"0000", "0000"}, {{0U, 0U}, {4U, 2U}}},
     };
     for (const auto& [rows, expected] : kCases) {
-        const PictureRegion region = opaqueRegion(PictureView{greys(rows)}, ColorBox{{0, 0, 0}, 0});
+        const PictureRegion region = opaqueRegion(greys(rows), ColorBox{{0, 0, 0}, 0});
         EXPECT_EQ(region.origin(), expected.origin());
         EXPECT_EQ(region.extent(), expected.extent());
     }
@@ -191,20 +200,29 @@ double weightOf(unsigned source, unsigned from, unsigned target, unsigned to) {
     return std::max(1.0 - std::abs(centre - source), 0.0);
 }
 
+TEST(Scale, KeepsGreyAsItIs) {
+    const Picture scaled = scale(greys({"05", "05"}, 1), 1, 1);
+    EXPECT_EQ(PictureView{scaled}.channels(), 1U);
+    EXPECT_EQ(PictureView{scaled}.row(0)[0], (Rgb{128, 128, 128}));
+}
+
 TEST(Scale, AveragesOrInterpolates) {
     const unsigned kSizes[][4] = {
         {7, 5, 3, 2}, {4, 4, 4, 4}, {3, 2, 8, 7}, {1, 9, 5, 4}, {30, 20, 1, 13}};
     for (const auto& [fromWidth, fromHeight, width, height] : kSizes) {
-        const auto picture = noise(fromWidth, fromHeight);
-        const auto scaled = scale(PictureView{picture}, width, height);
+        const Picture picture = noise(fromWidth, fromHeight);
+        const Picture scaled = scale(picture, width, height);
+        const auto blue = [](const PictureView& from, unsigned x, unsigned y) {
+            return from.row(y)[x].blue;
+        };
         for (unsigned y = 0; y < height; ++y)
             for (unsigned x = 0; x < width; ++x) {
                 double sum = 0;
                 for (unsigned v = 0; v < fromHeight; ++v)
                     for (unsigned u = 0; u < fromWidth; ++u)
                         sum += weightOf(u, fromWidth, x, width) *
-                               weightOf(v, fromHeight, y, height) * picture[{2U, u, v}];
-                EXPECT_NEAR((scaled[{2U, x, y}]), sum, 0.5 + 1e-9);
+                               weightOf(v, fromHeight, y, height) * blue(picture, u, v);
+                EXPECT_NEAR(blue(scaled, x, y), sum, 0.5 + 1e-9);
             }
     }
 }

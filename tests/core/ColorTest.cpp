@@ -32,11 +32,13 @@ TEST(Color, ConvertsToHsv) {
 TEST(Color, MeasuresDistances) {
     const Color black{0, 0, 0};
     const Color white{1, 1, 1};
-    EXPECT_EQ(rgbDistance(white, white), 0);
-    EXPECT_EQ(rgbDistance(black, white), 3);
-    EXPECT_EQ(hsvDistance(black, white, {5, 5, 3}), 9);
+    EXPECT_EQ(RgbDistance{}(white, white), 0);
+    EXPECT_EQ(RgbDistance{}(black, white), 3);
+    EXPECT_EQ((HsvDistance{{5, 5, 3}}(black, white)), 9);
     // Hues of almost a whole turn apart do not meet.
-    EXPECT_GT(hsvDistance({1, 0, 0.05F}, {0.05F, 0, 1}, {1, 0, 0}), 0.3F);
+    const Color red{1, 0, 0.05F};
+    const Color blue{0.05F, 0, 1};
+    EXPECT_GT((HsvDistance{{1, 0, 0}}(red, blue)), 0.3F);
 }
 
 TEST(Color, TruncatesComponents) {

@@ -39,7 +39,10 @@ TEST(Signal, PermutesAnyWay) {
     const Tuple<3, unsigned> incomplete{0U, 0U, 1U};
     EXPECT_EQ(complaintOf([&] { signal.Permute(incomplete); }),
               "order tuple is not a tuple with all dimensions represented. ");
-    EXPECT_EQ(complaintOf([&] { signal.SwapDimensions(0, 3); }), "Value (3) out of bound (2). ");
+    EXPECT_EQ(complaintOf([&] { signal.SwapDimensions(3, 0); }), "Value (3) out of bound (2). ");
+    EXPECT_EQ(complaintOf([&] { signal.SwapDimensions(5, 4); }), "Value (4) out of bound (2). ");
+    EXPECT_EQ(complaintOf([&] { signal.SwapDimensions(7, 7); }), "");
+    EXPECT_TRUE(std::ranges::equal(signal.samples(), original.samples()));
 }
 
 TEST(Signal, KeepsItsSizeHonest) {

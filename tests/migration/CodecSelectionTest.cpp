@@ -94,7 +94,6 @@ TEST(NativeImporter, ReadsItsFormatOrSaysWhyNot) {
         {nativeFile(wide, "abc"), "native : Expected 4 sample bytes but 3 are stored. "},
         {nativeFile(wide, "abcde"), "native : Expected 4 sample bytes but 5 are stored. "},
         {nativeFile(greyPicture(~0U, ~0U, kWords), "abc"), "Failed to allocate picture. "},
-        {nativeFile(greyPicture(8, 1, kBits), ""), "No support for non-byte-aligned pixels. "},
         {nativeFile(Metadata{}, "abcd"), "Could not find Channels in metadata. "},
         {nativeFile(badWidth, "abcd"), "Failed to convert \"two\" to unsigned int."},
     };
@@ -108,6 +107,27 @@ TEST(NativeImporter, ReadsItsFormatOrSaysWhyNot) {
     for (std::size_t size = 0; size < kNativeFile.size(); ++size)
         EXPECT_EQ(complaintOf([&] { check(kNativeFile.substr(0, size)); }),
                   "Attempted to read over end of buffer. ");
+}
+
+TEST(NativeImporter, ReadsIntoABufferOfThePicturesSize) {
+    const Bytes file = bytesOf(kNativeFile);
+    const BorrowConstBuffer bytes{file};
+    ConstBufferStream stream{bytes};
+    NativeImporter importer;
+    importer.setStream(&stream);
+    Metadata metadata;
+    IncrementalBuffer buffer;
+    buffer.resize(4);
+    importer.readMetadata(metadata);
+    importer.readData(buffer);
+    EXPECT_EQ(bytesOf(buffer), bytesOf("abcd"));
+    EXPECT_EQ(complaintOf([&] { importer.readData(buffer); }),
+              "Meta data not provided before attempting to read data. ");
+    stream.seek(0);
+    importer.readMetadata(metadata);
+    buffer.resize(3);
+    EXPECT_EQ(complaintOf([&] { importer.readData(buffer); }),
+              "native : Expected 3 sample bytes but 4 are stored. ");
 }
 
 } // namespace

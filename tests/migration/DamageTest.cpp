@@ -1,5 +1,5 @@
 #include "core/Crc32.h"
-#include "migration/BigEndian.h"
+#include "core/Serialization.h"
 #include "migration/CodecSelection.h"
 #include "tests/Complaint.h"
 #include "tests/migration/Fixture.h"

@@ -30,6 +30,19 @@ inline void append(Bytes& bytes, std::span<const std::uint8_t> more) {
     bytes.insert(bytes.end(), more.begin(), more.end());
 }
 
+/// Packs the digits in the order in which DEFLATE reads them; blanks only separate.
+inline Bytes packed(const std::string& digits, Bytes bytes = {}) {
+    unsigned filled = 0;
+    for (const char digit : digits) {
+        if (digit == ' ')
+            continue;
+        if (filled++ % 8 == 0)
+            bytes.push_back(0);
+        bytes.back() = static_cast<std::uint8_t>(bytes.back() | (digit - '0') << (filled - 1) % 8);
+    }
+    return bytes;
+}
+
 namespace Migration {
 
 constexpr const char* kBits = "1-bit unsigned little endian";

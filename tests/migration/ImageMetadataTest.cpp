@@ -75,6 +75,10 @@ TEST(ImageFormatDescriptor, ComputesStrides) {
     }
     EXPECT_EQ((ImageFormatDescriptor{described(1, 2, 4, kBytes, "BGRA")}.channelOffsets),
               (std::vector<std::uint32_t>{2, 1, 0, 3}));
+    Metadata unknown = textsOf(described(1, 2, 4));
+    unknown.set("Format", "CMYK");
+    EXPECT_EQ(ImageFormatDescriptor{unknown}.channelOffsets,
+              (std::vector<std::uint32_t>{0, 1, 2, 3}));
 }
 
 } // namespace

@@ -7,31 +7,22 @@
 namespace VORN::Migration {
 namespace {
 
-/// Hands out a picture that is already there.
-class ReadyImporter : public DataImporter {
-public:
-    ReadyImporter(const ImageMetadata& metadata, Bytes bytes)
-        : metadata_{metadata},
-          bytes_{std::move(bytes)} {}
-    void importImage(DynamicBuffer& buffer, Metadata& metadata) override {
-        metadata.assign(metadata_);
-        buffer.resize(bytes_.size());
-        std::ranges::copy(bytes_, buffer.writableData().begin());
-    }
+/// A buffer that holds `bytes`.
+IncrementalBuffer filled(const Bytes& bytes) {
+    IncrementalBuffer buffer;
+    buffer.resize(bytes.size());
+    std::ranges::copy(bytes, buffer.writableData().begin());
+    return buffer;
+}
 
-private:
-    ImageMetadata metadata_;
-    Bytes bytes_;
-};
-
-TEST(ImageSignal, LeavesRedGreenAndBlueBytes) {
+TEST(ImageSignal, LeavesAByteForGreyOrForRedGreenAndBlue) {
     const Bytes kColors{1, 2, 3, 4, 5, 6};
-    const Bytes kGreys{1, 1, 1, 2, 2, 2, 3, 3, 3, 4, 4, 4};
+    const Bytes kGreys{1, 2, 3, 4};
     const char* const kGrey = "INTENSITY";
     const struct {
         ImageMetadata metadata;
         Bytes bytes; // as imported
-        Bytes rgb;   // what remains
+        Bytes left;  // what remains
     } kCases[] = {
         {described(1, 2, 3), {1, 2, 3, 4, 5, 6}, kColors},
         {described(1, 2, 3, kBytes, "BGRA"), {3, 2, 1, 6, 5, 4}, kColors},
@@ -43,18 +34,21 @@ TEST(ImageSignal, LeavesRedGreenAndBlueBytes) {
          kGreys},
         {described(2, 2, 2, kBytes, kGrey), {1, 9, 2, 9, 3, 9, 4, 9}, kGreys},
         // The first byte of two is the most significant, whatever the metadata says.
-        {described(1, 2, 1, kWords, kGrey), {1, 9, 2, 9}, {1, 1, 1, 2, 2, 2}},
+        {described(1, 2, 1, kWords, kGrey), {1, 9, 2, 9}, {1, 2}},
         {described(1, 2, 3, kWords), {1, 9, 2, 9, 3, 9, 4, 9, 5, 9, 6, 9}, kColors},
         {described(1, 2, 4, kWords), {1, 9, 2, 9, 3, 9, 7, 7, 4, 9, 5, 9, 6, 9, 7, 7}, kColors},
-        {described(2, 1, 1, kBits, kGrey), {1, 0}, {255, 255, 255, 0, 0, 0}},
+        {described(2, 1, 1, kBits, kGrey), {1, 0}, {255, 0}},
+        {described(1, 2, 3, kBits, "RGBA", 8), {1, 0, 1, 0, 0, 1}, {255, 0, 255, 0, 0, 255}},
+        {described(1, 2, 2, kBytes, kGrey, 24), {1, 9, 0, 2, 9, 0}, {1, 2}},
         {described(0, 2, 3), {}, {}},
     };
     for (const auto& c : kCases) {
-        ReadyImporter importer{c.metadata, c.bytes};
-        ImageSignal<unsigned char> picture;
-        picture.importImage(importer);
-        EXPECT_EQ(picture.size(), (Tuple<3, unsigned>{3U, c.metadata.width, c.metadata.height}));
-        EXPECT_TRUE(std::ranges::equal(picture.samples(), c.rgb));
+        IncrementalBuffer buffer = filled(c.bytes);
+        const ImageSignal<unsigned char> picture{buffer, c.metadata};
+        const unsigned channels = c.metadata.channels < 3 ? 1 : 3;
+        EXPECT_EQ(picture.size(),
+                  (Tuple<3, unsigned>{channels, c.metadata.width, c.metadata.height}));
+        EXPECT_TRUE(std::ranges::equal(picture.samples(), c.left));
     }
 }
 
@@ -68,12 +62,10 @@ TEST(ImageSignal, RefusesOtherSamples) {
          "No support for pictures of 32-bit floating point big endian samples. "},
         {described(1, 2, 0), 24, "No support for pictures without channels. "},
         {described(2, 2, 3), 11, "More space requested (12) than what is available (11). "},
-        {described(1, 2, 3, kBits, "RGBA", 8), 6,
-         "No support for pictures with samples of a part of a byte. "},
     };
     for (const auto& c : kCases) {
-        ReadyImporter importer{c.metadata, Bytes(c.bytes)};
-        EXPECT_EQ(complaintOf([&] { ImageSignal<unsigned char>{}.importImage(importer); }),
+        IncrementalBuffer buffer = filled(Bytes(c.bytes));
+        EXPECT_EQ(complaintOf([&] { ImageSignal<unsigned char>(buffer, c.metadata); }),
                   c.complaint);
     }
 }

@@ -1,6 +1,7 @@
 // The clever loops of the JPEG decoder against their plain twins.
 
 #include "core/Exception.h"
+#include "migration/jpeg/CoefficientStore.h"
 #include "migration/jpeg/ColorConversion.h"
 #include "migration/jpeg/HuffmanTable.h"
 #include "migration/jpeg/InverseDct.h"
@@ -153,6 +154,24 @@ TEST(JPEGHuffmanTable, DecodesAsBitByBit) {
         ASSERT_EQ(taken.run, run);
         ASSERT_EQ(taken.value, value);
         bits.requireData();
+    }
+}
+
+TEST(CoefficientStore, FindsTheNextBlockAsBlockByBlock) {
+    std::mt19937 random{4};
+    for (std::size_t blocks : {1U, 64U, 65U, 1000U}) {
+        CoefficientStore store{blocks};
+        for (unsigned count = 0; count < 20; ++count)
+            store.addToMask(random() % blocks, std::uint64_t{2} << random() % 63);
+        for (unsigned round = 0; round < 300; ++round) {
+            const std::uint64_t band = std::uint64_t{0xFFE} << random() % 52;
+            const std::size_t end = random() % (blocks + 1);
+            const std::size_t begin = random() % (end + 1);
+            std::size_t expected = begin;
+            while (expected < end && (store.mask(expected) & band) == 0)
+                ++expected;
+            ASSERT_EQ(store.find(band, begin, end), expected);
+        }
     }
 }
 

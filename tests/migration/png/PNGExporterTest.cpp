@@ -57,7 +57,9 @@ TEST(PNGExporter, SaysWhatItCannotWrite) {
         {described(1, 1, 2, kBytes, kGrey), "No support for INTENSITY with 2 channels. "},
         {withBits(described(1, 1, 1, kBytes, kGrey), 3), depth},
         {withBits(described(1, 1, 3), 3), ""},
-        {withBits(described(1, 1, 3), 256), depth},
+        {withBits(described(0, 1, 3), 259), ""}, // the header keeps the low byte
+        {withBits(described(~0U, 1, 3), ~0U),
+         "Value (2305843009213693952) out of bound (4294967295). "},
         {described(3, 2, 3), "More space requested (18) than what is available (16). "},
         {described(0x10000, 0x10000, 1, kBytes, kGrey),
          "Value (4295032832) out of bound (4294967295). "},

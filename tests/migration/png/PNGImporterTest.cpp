@@ -1,5 +1,6 @@
 #include "migration/png/PNGImporter.h"
-#include "migration/BigEndian.h"
+#include "core/Crc32.h"
+#include "core/Serialization.h"
 #include "migration/deflate/Adler32.h"
 #include "migration/deflate/DeflateStored.h"
 #include "migration/deflate/ZlibHeader.h"
@@ -44,6 +45,18 @@ Bytes zlibStream(const Bytes& raw, std::uint32_t flaw = 0) {
     checksum.update(raw);
     ZlibChecksum{checksum.value() + flaw}.write(out);
     return bytesOf(stream);
+}
+
+/// A zlib stream that holds as many mebibytes, with a wrong checksum.
+Bytes zlibRun(std::size_t mebibytes) {
+    Bytes stream = packed("1 10 110010000 110010000 110010000 110010000 110010000", {0x78, 0x01});
+    std::string digits;
+    for (int i = 0; i < 8; ++i)
+        digits += "11000101 00000"; // 258 times the byte before
+    const Bytes runs = packed(digits);
+    for (std::size_t bytes = 0; bytes < mebibytes << 20; bytes += std::size_t{8} * 258)
+        append(stream, runs);
+    return packed("0000000 00000000 00000000 00000000 00000000", stream);
 }
 
 Bytes png(const std::vector<Bytes>& chunks) {
@@ -120,9 +133,18 @@ TEST(PNGImporter, SaysWhyAFileIsRefused) {
         {png({}), "png : unexpected end of file"},
         {png({grey, data}), "png : unexpected end of file"},
         {png({grey, broken, last}), "png : chunk crc missmatch"},
-        {png({last}), "png : first chunk is not the header"},
-        {png({chunk("tEXt", {}), grey}), "png : first chunk is not the header"},
-        {png({chunk("IHDR", Bytes(12))}), "png : header chunk is too short"},
+        {png({chunk("IHDR", Bytes(12))}), end},
+        // Until a header comes all of its fields are 0.
+        {png({unknown, grey}), "png : unsuppored critical chunk"},
+        {png({chunk("IEND", Bytes(4))}), "png : end chunk is not empty"},
+        {png({palette(16), indexed}), "png : palette size not a multiple of 3"},
+        {png({palette(15), indexed}), tooManyColors},
+        {png({palette(0), indexed}), "png : empty palette"},
+        {png({palette(3), indexed, data, last}), ""},
+        {png({chunk("tEXt", {}), data, grey, last}), ""},
+        {png({chunk("IDAT", zlibStream({})), last}), end},
+        {png({last}), end},
+        {png({indexed, grey, data, last}), ""}, // the last one counts
         {png({header(2, 1, 8, 0, 1)}), "No support for PNG compression method 1. "},
         {png({header(2, 1, 8, 0, 0, 64)}), "No support for PNG filter method 64. "},
         {png({header(2, 1, 8, 0, 0, 0, 2)}), "No support for PNG interlace method 2. "},
@@ -137,8 +159,8 @@ TEST(PNGImporter, SaysWhyAFileIsRefused) {
         {png({indexed, palette(15)}), "png : unexpected end of file"},
         {png({grey, data, chunk("IEND", Bytes(4))}), "png : end chunk is not empty"},
         {png({indexed, data, last}), "png : missing palette indicated by header"},
-        {png({header(2, 1, 16, 3), palette(3), data, last}),
-         "png : palette indices of more than 8 bits"},
+        {png({header(2, 1, 16, 3), palette(3), data, last}), ""},
+        {png({header(1, 1, 16, 3), palette(3), data, last}), paletteSize},
         {png({header(2, 1, 8, 5), data, last}), "No support for PNG color type 5. "},
         {png({grey, last}), end},
         {png({grey, chunk("IDAT", {0x78, 0x00}), last}), "png : invalid zlib header"},
@@ -147,6 +169,13 @@ TEST(PNGImporter, SaysWhyAFileIsRefused) {
         {png({grey, flawed, last}), checksum},
         {raw({0, 1}), size},
         {raw({0, 1, 2, 3}), size},
+        // Surplus data does not hide what else is wrong, unless there is too much of it.
+        {raw({0, 1, 2, 3}, 1), checksum},
+        {png({grey, chunk("IDAT", {0x78, 0x01, 0x00, 0x04, 0x00, 0xFB, 0xFF, 0, 1, 2, 3, 0x07}),
+              last}),
+         "deflate : Reserved block type detected. "},
+        {png({grey, chunk("IDAT", zlibRun(63)), last}), checksum},
+        {png({grey, chunk("IDAT", zlibRun(65)), last}), size},
         {fixture("png/grey1-9x7.png"), size},
         {fixture("png/palette4-9x7.png"), paletteSize},
         {raw({7, 1, 2}), "Value (7) out of bound (5). "},

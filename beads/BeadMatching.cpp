@@ -1,0 +1,124 @@
+#include "beads/BeadMatching.h"
+
+#include "beads/BeadGeometry.h"
+#include "beads/ColorCache.h"
+
+namespace VORN {
+
+namespace {
+
+/// Turns picture colours into symbols, each distinct colour once.
+class SymbolFinder {
+public:
+    SymbolFinder(const PaletteMatcher& matcher, const std::optional<ColorBox>& transparent)
+        : matcher_{&matcher},
+          cells_{matcher},
+          transparent_{transparent} {}
+
+    char symbolOf(const Rgb& pixel) {
+        if (transparent_ && transparent_->contains(pixel))
+            return kNoBead;
+        char& symbol = cache_[pixel]; // symbol 0 is as good as not remembered
+        if (symbol == 0)
+            symbol = matcher_->symbol(cells_.nearest(
+                {toComponent(pixel.red), toComponent(pixel.green), toComponent(pixel.blue)}));
+        return symbol;
+    }
+
+private:
+    const PaletteMatcher* matcher_;
+    ColorCells cells_;
+    std::optional<ColorBox> transparent_;
+    ColorCache cache_;
+};
+
+/// Maps bead coordinates of one axis linearly onto the pixels 0 to `last`.
+class AxisMap {
+public:
+    AxisMap(float origin, float extent, unsigned last)
+        : last_{static_cast<float>(last)},
+          scale_{extent == 0.0F ? 0.0F : last_ / extent},
+          offset_{-origin * scale_} {}
+
+    float operator()(float coordinate) const { return coordinate * scale_ + offset_; }
+    float flipped(float coordinate) const { return last_ - (*this)(coordinate); }
+    /// Every bead lies inside the box; what rounding adds does not count.
+    float clamp(float pixel) const { return std::clamp(pixel, 0.0F, last_); }
+
+private:
+    float last_;
+    float scale_;
+    float offset_;
+};
+
+/// The colour between the four pixels around (px, py), which lies in the picture; py counts from the
+/// bottom row.
+Rgb sample(const PictureView& picture, float px, float py) {
+    const auto x = static_cast<unsigned>(px);
+    const auto y = static_cast<unsigned>(py);
+    const float fx = px - static_cast<float>(x);
+    const float fy = py - static_cast<float>(y);
+    const unsigned right = std::min(x + 1, picture.width() - 1);
+    const PixelRow below = picture.row(picture.height() - 1 - y);
+    const PixelRow above = picture.row(picture.height() - 1 - std::min(y + 1, picture.height() - 1));
+    const float w00 = (1.0F - fx) * (1.0F - fy);
+    const float w10 = fx * (1.0F - fy);
+    const float w01 = (1.0F - fx) * fy;
+    const float w11 = fx * fy;
+    const auto blend = [&](unsigned char Rgb::*channel) {
+        const float value = w00 * static_cast<float>(below[x].*channel) +
+                            w10 * static_cast<float>(below[right].*channel) +
+                            w01 * static_cast<float>(above[x].*channel) +
+                            w11 * static_cast<float>(above[right].*channel);
+        return static_cast<unsigned char>(std::clamp(value, 0.0F, 255.0F));
+    };
+    return {blend(&Rgb::red), blend(&Rgb::green), blend(&Rgb::blue)};
+}
+
+void matchSamples(const PictureView& picture, SymbolFinder& finder, const LayerShape& shape,
+                  std::string& content) {
+    const BeadGeometry geometry{shape};
+    const Hyperrectangle<2, float> box = geometry.box();
+    const AxisMap across{box.origin()[0], box.extent()[0], picture.width() - 1};
+    const AxisMap down{box.origin()[1], box.extent()[1], picture.height() - 1};
+    for (const Bead& bead : shape.beads(content.size())) {
+        const Point<2, float> position = geometry.position(bead);
+        const float px = across.clamp(across(position[0]));
+        const float py = down.clamp(down.flipped(position[1]));
+        content[bead.position] = finder.symbolOf(sample(picture, px, py));
+    }
+}
+
+/// As `matchSamples` for a square layer with one bead for every pixel.
+void matchPixels(const PictureView& picture, SymbolFinder& finder, std::string& content) {
+    char* symbols = content.data();
+    for (std::size_t y = 0; y < picture.height(); ++y, symbols += picture.width()) {
+        const PixelRow row = picture.row(y);
+        for (std::size_t x = 0; x < row.width(); ++x)
+            symbols[x] = finder.symbolOf(row[x]);
+    }
+}
+
+/// Whether beads and pixels coincide; positions count as exact only up to 2^24.
+bool hasBeadPerPixel(const PictureView& picture, const LayerShape& shape) {
+    constexpr unsigned kExact = 1U << 24U;
+    return shape.style() == PatternStyle::Square &&
+           shape.size() == Tuple<2, unsigned>{picture.width(), picture.height()} &&
+           picture.width() <= kExact && picture.height() <= kExact;
+}
+
+} // namespace
+
+void matchBeads(const PictureView& picture, const PaletteMatcher& matcher,
+                const std::optional<ColorBox>& transparent, const LayerShape& shape,
+                std::string& content) {
+    if (picture.isEmpty())
+        return;
+    SymbolFinder finder{matcher, transparent};
+    if (hasBeadPerPixel(picture, shape))
+        matchPixels(picture, finder, content);
+    else
+        matchSamples(picture, finder, shape, content);
+}
+
+} // namespace VORN

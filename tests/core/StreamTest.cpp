@@ -82,15 +82,17 @@ TEST(Streams, TellWhatFailed) {
     EXPECT_EQ(complaintOf([&] { CppInStream{missing}; }), "Wrapping bad input stream. ");
     std::ofstream unwritable{"/nonexistent/x"};
     EXPECT_EQ(complaintOf([&] { CppOutStream{unwritable}; }), "Wrapping bad output stream. ");
-    std::ifstream directory{"."};
-    CppInStream in{directory};
+    std::istringstream broken{"x"};
+    CppInStream in{broken};
+    broken.setstate(std::ios::badbit);
     EXPECT_EQ(complaintOf([&] { take(in, 1); }), "Failed to read from input stream. ");
     EXPECT_EQ(complaintOf([&] { in.seek(std::uint64_t{1} << 63); }),
               "Value (9223372036854775808) out of bound (9223372036854775807). ");
-    std::ofstream full{"/dev/full"};
-    CppOutStream out{full};
-    out.write(bytesOf("x"));
-    EXPECT_EQ(complaintOf([&] { out.flush(); }), "Failed to flush output stream. ");
+    if (std::ofstream full{"/dev/full"}) { // not every system has it
+        CppOutStream out{full};
+        out.write(bytesOf("x"));
+        EXPECT_EQ(complaintOf([&] { out.flush(); }), "Failed to flush output stream. ");
+    }
 }
 
 TEST(ReadAll, TakesWhatThereIs) {

@@ -85,7 +85,7 @@ Bytes repaired(Bytes file) {
 bool isShortened(const Import& found) {
     const ImageMetadata& metadata = found.metadata;
     return metadata.type.bits > 8 && metadata.channels == 3 &&
-           found.picture.size() == std::uint64_t{3} * metadata.width * metadata.height;
+           found.samples.size() == std::uint64_t{3} * metadata.width * metadata.height;
 }
 
 void run(std::span<const std::uint8_t> file) {

@@ -5,7 +5,6 @@
 #include "web/ReplaceComponent.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace VORN {
 
@@ -165,7 +164,10 @@ std::string InstructionDocument::usageRows(const Usage& usage) const {
     for (const auto& [symbol, color] : palette_)
         if (usage[symbol] > 0)
             symbols += symbol;
-    std::ranges::stable_sort(symbols, std::greater{}, [&](char symbol) { return usage[symbol]; });
+    const auto comesFirst = [&](char a, char b) {
+        return usage[a] != usage[b] ? usage[a] > usage[b] : Palette::slotOf(a) < Palette::slotOf(b);
+    };
+    std::ranges::sort(symbols, comesFirst);
 
     const Web::ReplaceComponent entry{kUsageEntry};
     std::string rows;

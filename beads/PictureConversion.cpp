@@ -54,8 +54,9 @@ ConversionResult convertPicture(PictureView picture, const Palette& palette,
         LayerShape{PatternStyle::Square, {picture.width(), picture.height()}});
     pattern.style = shape.style();
     Pattern::Layer& layer = pattern.layer(pattern.AddFilledLayer(shape.size(), kNoBead));
-    std::optional<Picture> fittedPicture;
-    if (options.pegboard && (fittedPicture = fitted(picture, shape)))
+    const std::optional<Picture> fittedPicture =
+        options.pegboard ? fitted(picture, shape) : std::nullopt;
+    if (fittedPicture)
         picture = *fittedPicture;
 
     const PaletteMatcher matcher{palette, options.distance};

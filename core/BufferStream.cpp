@@ -58,14 +58,14 @@ void BufferStream::seek(std::uint64_t position) {
 
 void readAll(ReadStream& source, IncrementalBuffer& destination) {
     constexpr std::size_t kPieceBytes = std::size_t{1} << 16;
-    std::size_t filled = destination.size();
-    std::size_t arrived = 0;
-    do {
+    while (true) {
+        const std::size_t filled = destination.size();
         destination.resize(std::uint64_t{filled} + kPieceBytes);
-        arrived = source.readSome(destination.writableData().subspan(filled));
-        filled += arrived;
-    } while (arrived > 0);
-    destination.resize(filled);
+        const std::size_t arrived = source.readSome(destination.writableData().subspan(filled));
+        destination.resize(std::uint64_t{filled} + arrived);
+        if (arrived == 0)
+            return;
+    }
 }
 
 } // namespace VORN

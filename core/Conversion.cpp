@@ -45,8 +45,9 @@ bool isDecimal(std::string_view text) {
 
 std::uint32_t toUnsigned(std::string_view text) {
     std::uint32_t value = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    const char* const begin = text.data();
+    const char* const end = begin + text.size();
+    const auto [stop, error] = std::from_chars(begin, end, value);
     if (error != std::errc{} || stop != end)
         throw ConversionException{kNoOrigin, std::string{text}, "unsigned int"};
     return value;

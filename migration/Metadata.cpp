@@ -24,6 +24,7 @@ std::string Metadata::get(const std::string& key) const {
 
 std::vector<std::string> Metadata::keys() const {
     std::vector<std::string> keys;
+    keys.reserve(values_.size());
     for (const auto& [key, value] : values_)
         keys.push_back(key);
     return keys;

@@ -37,8 +37,6 @@ TEST(BinarySignal, PacksRowsIntoWords) {
     EXPECT_EQ(signal.words()[2], 2U);
     EXPECT_TRUE(signal.get(32, 0));
     EXPECT_FALSE(signal.get(31, 0));
-    const Tuple<2, unsigned> single{1U, 1U};
-    EXPECT_EQ(complaintOf([&] { signal.Resize(single); }), "No support for binary signal resize. ");
 }
 
 TEST(Hyperrectangle, ExcludesItsUpperEdge) {

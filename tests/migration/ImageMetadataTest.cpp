@@ -18,9 +18,6 @@ TEST(ImageMetadata, ServesItsKeysFromTheFields) {
     EXPECT_FALSE(metadata.has("Author"));
     EXPECT_EQ(metadata.keys().size(), 8U);
     EXPECT_EQ(complaintOf([&] { metadata.get("Author"); }), "Could not find Author in metadata. ");
-
-    metadata.format = static_cast<ImageMetadata::Format>(7);
-    EXPECT_EQ(complaintOf([&] { metadata.get("Format"); }), "7 is not image format descriptor. ");
 }
 
 TEST(SampleType, RefusesWhatIsNoType) {

@@ -57,9 +57,15 @@ TEST(Inflate, SaysWhatIsWrong) {
          "deflate : Repeated code length without a previous one. "},
     };
     std::size_t bytesRead = 0;
-    for (const auto& [bits, complaint] : kCases)
-        EXPECT_EQ(complaintOf([&, &b = bits] { inflated(packed(b), bytesRead); }), complaint)
-            << bits;
+    for (const auto& [bits, complaint] : kCases) {
+        SCOPED_TRACE(bits);
+        Bytes stream = packed(bits);
+        EXPECT_EQ(complaintOf([&] { inflated(stream, bytesRead); }), complaint);
+        stream.resize(stream.size() + 32); // enough for the loop that looks at whole words
+        if (complaint != std::string_view{kEnd}) {
+            EXPECT_EQ(complaintOf([&] { inflated(stream, bytesRead); }), complaint);
+        }
+    }
 }
 
 TEST(Inflate, ReachesBackAsFarAsTheFormatAllows) {

@@ -126,11 +126,16 @@ TEST(JPEGHuffmanTable, FindsTheSymbolOfEveryCode) {
     for (unsigned length = 1; length <= 16; ++length, code <<= 1)
         for (unsigned i = 0; i < parameters[length]; ++i, ++code, ++symbol) {
             const unsigned word = code << (16 - length);
-            Bytes data{static_cast<std::uint8_t>(word >> 8), static_cast<std::uint8_t>(word)};
-            if (data[0] == 0xFF)
-                data.insert(data.begin() + 1, std::uint8_t{0});
+            Bytes data;
+            for (const unsigned byte : {word >> 8, word & 255, 0x80U}) {
+                data.push_back(static_cast<std::uint8_t>(byte));
+                if (byte == 0xFF)
+                    data.push_back(0);
+            }
             ByteUnstuffer bits{data};
             EXPECT_EQ(table.takeSymbol(bits), symbol);
+            EXPECT_EQ(bits.take(16 - length), 0U);
+            EXPECT_TRUE(bits.takeBit());
         }
 }
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cmath>
+#include <vector>
 
 namespace VORN {
 
@@ -28,10 +29,14 @@ void drawNearest(const LayerView& layer, const LayerFrame& frame, const Palette&
     for (const auto& [symbol, color] : palette)
         pixels[Palette::slotOf(symbol)] = toRgb(color);
     const NearestBead beads{layer};
+    std::vector<float> across(frame.width()); // the bead coordinate of each column of pixels
+    for (unsigned x = 0; x < frame.width(); ++x)
+        across[x] = frame.toBeads({x, 0U})[0];
     for (unsigned y = 0; y < frame.height(); ++y) {
         PaintedRow row = picture.paintedRow(frame.height() - 1 - y);
+        const float down = frame.toBeads({0U, y})[1];
         for (unsigned x = 0; x < frame.width(); ++x) {
-            const auto bead = beads.find(frame.toBeads({x, y}));
+            const auto bead = beads.find({across[x], down});
             row.set(x, bead ? pixels[Palette::slotOf(layer.content[*bead])] : background);
         }
     }

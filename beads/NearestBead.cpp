@@ -94,12 +94,13 @@ void NearestBead::searchGrid(const Point<2, float>& point, Best& best) const {
     if (rowLength == 0 || length_ == 0)
         return;
     Best nearest = best; // a local copy, which the compiler keeps in registers
-    const double columnPitch = geometry_.columnPitch();
+    const double place = point[0] / geometry_.columnPitch();
+    const Window wholeRow = windowAround(place, rowLength);
     const Window rows = windowAround(point[1] / geometry_.rowPitch(), rows_);
     for (std::size_t row = rows.first; row < rows.last; ++row) {
         const std::size_t start = row * rowLength;
         const std::size_t count = std::min(rowLength, length_ - start);
-        const Window columns = windowAround(point[0] / columnPitch, count);
+        const Window columns = count == rowLength ? wholeRow : windowAround(place, count);
         for (std::size_t column = columns.first; column < columns.last; ++column)
             if (shape.isBead(row, column))
                 nearest.considerNext(start + column, geometry_.gridPosition(row, column));

@@ -28,17 +28,16 @@ void drawNearest(const LayerView& layer, const LayerFrame& frame, const Palette&
     pixels.fill(background);
     for (const auto& [symbol, color] : palette)
         pixels[Palette::slotOf(symbol)] = toRgb(color);
-    const NearestBead beads{layer};
     std::vector<float> across(frame.width()); // the bead coordinate of each column of pixels
     for (unsigned x = 0; x < frame.width(); ++x)
         across[x] = frame.toBeads({x, 0U})[0];
+    const NearestBead nearestBead{layer};
+    NearestBead::Raster raster{nearestBead, across};
     for (unsigned y = 0; y < frame.height(); ++y) {
         PaintedRow row = picture.paintedRow(frame.height() - 1 - y);
-        const float down = frame.toBeads({0U, y})[1];
-        for (unsigned x = 0; x < frame.width(); ++x) {
-            const auto bead = beads.find({across[x], down});
-            row.set(x, bead ? pixels[Palette::slotOf(layer.content[*bead])] : background);
-        }
+        const std::span beads = raster.findRow(frame.toBeads({0U, y})[1]);
+        for (unsigned x = 0; x < frame.width(); ++x)
+            row.set(x, beads[x] ? pixels[Palette::slotOf(layer.content[*beads[x]])] : background);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <numbers>
 
 namespace VORN {
@@ -15,13 +16,12 @@ struct Window {
     std::size_t last;
 };
 
-/// The three indices nearest to `centre` among those below `count`, or all if there are fewer.
-Window windowAround(double centre, std::size_t count) {
-    constexpr std::size_t kWidth = 3;
-    const std::size_t latest = count > kWidth ? count - kWidth : 0;
+/// The `width` indices nearest to `centre` among those below `count`, or all if there are fewer.
+Window windowAround(double centre, std::size_t width, std::size_t count) {
+    const std::size_t latest = count > width ? count - width : 0;
     const double begin = std::clamp(centre - 0.5, 0.0, static_cast<double>(latest));
     const auto first = static_cast<std::size_t>(static_cast<std::int64_t>(begin));
-    return {first, std::min(first + kWidth, count)};
+    return {first, std::min(first + width, count)};
 }
 
 /// `box` with a margin of one bead pitch on every side.
@@ -95,12 +95,12 @@ void NearestBead::searchGrid(const Point<2, float>& point, Best& best) const {
         return;
     Best nearest = best; // a local copy, which the compiler keeps in registers
     const double place = point[0] / geometry_.columnPitch();
-    const Window wholeRow = windowAround(place, rowLength);
-    const Window rows = windowAround(point[1] / geometry_.rowPitch(), rows_);
+    const Window wholeRow = windowAround(place, kWindow, rowLength);
+    const Window rows = windowAround(point[1] / geometry_.rowPitch(), kWindow, rows_);
     for (std::size_t row = rows.first; row < rows.last; ++row) {
         const std::size_t start = row * rowLength;
         const std::size_t count = std::min(rowLength, length_ - start);
-        const Window columns = count == rowLength ? wholeRow : windowAround(place, count);
+        const Window columns = count == rowLength ? wholeRow : windowAround(place, kWindow, count);
         for (std::size_t column = columns.first; column < columns.last; ++column)
             if (shape.isBead(row, column))
                 nearest.considerNext(start + column, geometry_.gridPosition(row, column));
@@ -114,7 +114,7 @@ void NearestBead::searchRings(const Point<2, float>& point, Best& best) const {
     const double turn = std::atan2(point[1], point[0]) / (2 * std::numbers::pi);
     const double ring =
         std::sqrt(squaredDistance(point, Point<2, float>{})) / BeadGeometry::ringRadius(1);
-    const Window rings = windowAround(ring, rows_);
+    const Window rings = windowAround(ring, kWindow, rows_);
     for (std::size_t r = rings.first; r < rings.last; ++r)
         searchRing(r, turn, best);
 }
@@ -147,6 +147,71 @@ void NearestBead::walk(Best& best) const {
     for (const Bead& bead : geometry_.shape().beads(length_))
         best.considerNext(bead.position,
                           ringed_.empty() ? geometry_.position(bead) : ringed_[bead.position]);
+}
+
+NearestBead::Raster::Raster(const NearestBead& beads, std::span<const float> columns)
+    : beads_{beads},
+      columns_{columns},
+      found_(columns.size()) {
+    const LayerShape& shape = beads.geometry_.shape();
+    columnsAreNear_ =
+        shape.style() != PatternStyle::Circle && shape.rowLength(0) > 0 && beads.length_ > 0;
+    for (const float x : columns)
+        columnsAreNear_ = columnsAreNear_ && beads.near_.contains(Point<2, float>{x, 0.0F});
+    if (columnsAreNear_)
+        for (const float x : columns)
+            addColumn(x);
+}
+
+void NearestBead::Raster::addColumn(float x) {
+    const BeadGeometry& geometry = beads_.geometry_;
+    const LayerShape& shape = geometry.shape();
+    const Window window = windowAround(x / geometry.columnPitch(), kWindow, shape.rowLength(0));
+    firstColumns_.push_back(window.first);
+    for (std::size_t parity = 0; parity < 2; ++parity)
+        for (std::size_t i = 0; i < kWindow; ++i) {
+            const std::size_t column = window.first + i;
+            const bool isBead = column < window.last && shape.isBead(parity, column);
+            const float offset = geometry.gridPosition(0, column)[0] - x;
+            squares_[parity][i].push_back(isBead ? offset * offset
+                                                 : std::numeric_limits<float>::infinity());
+        }
+}
+
+std::span<const std::optional<std::size_t>> NearestBead::Raster::findRow(float y) {
+    const BeadGeometry& geometry = beads_.geometry_;
+    const std::size_t rowLength = geometry.shape().rowLength(0);
+    const Window rows = windowAround(y / geometry.rowPitch(), kWindow, beads_.rows_);
+    if (columnsAreNear_ && beads_.near_.contains(Point<2, float>{0.0F, y}) &&
+        rows.last * rowLength <= beads_.length_)
+        searchGrid(y, rows.first, rows.last);
+    else
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            found_[i] = beads_.find({columns_[i], y});
+    return found_;
+}
+
+/// Compares as `NearestBead::searchGrid` does, but each bead with all points.
+void NearestBead::Raster::searchGrid(float y, std::size_t firstRow, std::size_t lastRow) {
+    const BeadGeometry& geometry = beads_.geometry_;
+    const std::size_t rowLength = geometry.shape().rowLength(0);
+    least_.assign(columns_.size(), std::numeric_limits<float>::infinity());
+    nearest_.assign(columns_.size(), 0);
+    std::array<std::size_t, kWindow * kWindow> positions{}; // with the column 0 for the first
+    for (unsigned k = 0; k < kWindow * (lastRow - firstRow); ++k) {
+        const std::size_t row = firstRow + k / kWindow;
+        positions[k] = row * rowLength + k % kWindow;
+        const float offset = geometry.gridPosition(row, 0)[1] - y;
+        const std::span<const float> squares = squares_[row % 2][k % kWindow];
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            const float distance = squares[i] + offset * offset;
+            const bool isNearer = distance < least_[i];
+            least_[i] = isNearer ? distance : least_[i];
+            nearest_[i] = isNearer ? k : nearest_[i];
+        }
+    }
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        found_[i] = positions[nearest_[i]] + firstColumns_[i];
 }
 
 } // namespace VORN

@@ -43,6 +43,29 @@ TEST_P(NearestBeadTest, IsTheBeadThatTheWalkFinds) {
     }
 }
 
+// Every second raster lies on quarter pitches, some reach out of the layer and its surroundings.
+TEST_P(NearestBeadTest, IsTheSameInARaster) {
+    const auto& [style, size, length] = GetParam();
+    const std::string content(length, 'a');
+    const LayerView layer{{style, size}, content};
+    const NearestBead nearestBead{layer};
+    const Hyperrectangle<2, float> box = BeadGeometry{layer.shape}.box();
+    for (const float margin : {0.0F, 0.25F, 0.9F, 1.6F})
+        for (const float step : {0.25F, 0.77F}) {
+            std::vector<float> columns;
+            for (float x = -margin; x <= box.extent()[0] + margin; x += step)
+                columns.push_back(box.origin()[0] + x);
+            NearestBead::Raster raster{nearestBead, columns};
+            for (float down = -margin; down <= box.extent()[1] + margin; down += 3 * step) {
+                const float y = box.origin()[1] + down;
+                const std::span found = raster.findRow(y);
+                for (std::size_t i = 0; i < columns.size(); ++i)
+                    ASSERT_EQ(found[i], nearestByWalk(layer, {columns[i], y}))
+                        << "at " << columns[i] << ", " << y;
+            }
+        }
+}
+
 // Files may give hex rows an odd number of characters and circles a first row of any length, so
 // that the content does not fit the size.
 INSTANTIATE_TEST_SUITE_P(

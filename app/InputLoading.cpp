@@ -1,6 +1,6 @@
 #include "app/InputLoading.h"
 
-#include "app/Platform.h"
+#include "core/Platform.h"
 #include "core/Console.h"
 #include "core/ResourcePackage.h"
 #include "migration/CodecSelection.h"

@@ -1,6 +1,6 @@
 #include "app/OutputFile.h"
 
-#include "app/Platform.h"
+#include "core/Platform.h"
 #include "core/Exception.h"
 
 #include <system_error>

@@ -1,7 +1,7 @@
 #include "app/OutputSaving.h"
 
 #include "app/OutputFile.h"
-#include "app/Platform.h"
+#include "core/Platform.h"
 #include "core/Console.h"
 #include "core/Exception.h"
 #include "migration/CodecSelection.h"

@@ -39,11 +39,18 @@ void DataImporterSeparate::takeMetadata() {
 
 void readSamples(ReadStream& in, std::uint64_t count, DynamicBuffer& buffer) {
     constexpr std::uint64_t kFirstPieceBytes = std::uint64_t{1} << 20;
+    constexpr std::uint64_t kRoom = 1024; // times the bytes that have arrived
+    std::uint64_t room = kFirstPieceBytes;
     std::uint64_t size = 0;
     buffer.resize(0);
     while (size < count) {
-        // Asks for at most as many bytes as have arrived so far.
+        // Asks for at most as many bytes as have arrived so far. Room for more takes addresses
+        // only, and spares moving what is there.
         const std::uint64_t piece = std::min(count - size, std::max(size, kFirstPieceBytes));
+        if (size + piece > room) {
+            room = std::min(count, kRoom * size);
+            buffer.reserve(room);
+        }
         buffer.resize(size + piece);
         in.read(buffer.writableData().subspan(static_cast<std::size_t>(size)));
         size += piece;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <system_error>
 
@@ -38,5 +40,9 @@ std::error_code createFile(const std::filesystem::path& path);
 /// Returns false if that is not possible in full, or if the two are not on the same device. On
 /// Windows the file keeps the rights that its folder gives to new files, and the result is true.
 bool copyOwnership(const std::filesystem::path& original, const std::filesystem::path& file);
+
+/// Asks the system to give `memory` large pages where it gives none by itself. Memory of which most
+/// is going to be written is then there sooner, as it comes in fewer pieces.
+void preferLargePages(std::span<std::uint8_t> memory);
 
 } // namespace VORN

@@ -1,17 +1,18 @@
-#include "app/Platform.h"
+#include "core/Platform.h"
 
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #if defined(_WIN32)
 #include <io.h>
-#include <memory>
 #include <vector>
 #include <windows.h>
 
 #include <shellapi.h>
 #else
+#include <sys/mman.h>
 #include <unistd.h>
 #if defined(__linux__)
 #include <sys/xattr.h>
@@ -103,6 +104,8 @@ bool copyOwnership(const std::filesystem::path& /*original*/,
     return true;
 }
 
+void preferLargePages(std::span<std::uint8_t> /*memory*/) {}
+
 } // namespace VORN
 
 #else
@@ -171,6 +174,16 @@ bool copyOwnership(const std::filesystem::path& original, const std::filesystem:
         return false;
     constexpr mode_t kPermissions = 07777;
     return chmod(file.c_str(), from.st_mode & kPermissions) == 0;
+}
+
+void preferLargePages([[maybe_unused]] std::span<std::uint8_t> memory) {
+#if defined(MADV_HUGEPAGE)
+    void* first = memory.data();
+    std::size_t bytes = memory.size();
+    const auto pageBytes = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    if (std::align(pageBytes, pageBytes, first, bytes) != nullptr)
+        static_cast<void>(madvise(first, bytes / pageBytes * pageBytes, MADV_HUGEPAGE));
+#endif
 }
 
 } // namespace VORN

@@ -17,6 +17,12 @@ public:
           cells_{matcher},
           transparent_{transparent} {}
 
+    /// The symbol of a colour if it has been worked out, else 0.
+    char knownSymbolOf(const Rgb& pixel) {
+        if (transparent_ && transparent_->contains(pixel))
+            return kNoBead;
+        return cache_[pixel];
+    }
     char symbolOf(const Rgb& pixel) {
         if (transparent_ && transparent_->contains(pixel))
             return kNoBead;
@@ -101,8 +107,12 @@ void matchPixels(const PictureView& picture, SymbolFinder& finder, std::string& 
     char* symbols = content.data();
     for (std::size_t y = 0; y < picture.height(); ++y, symbols += picture.width()) {
         const PixelRow row = picture.row(y);
+        // In a loop of its own, as no look-up has to wait for the one before.
         for (std::size_t x = 0; x < row.width(); ++x)
-            symbols[x] = finder.symbolOf(row[x]);
+            symbols[x] = finder.knownSymbolOf(row[x]);
+        for (std::size_t x = 0; x < row.width(); ++x)
+            if (symbols[x] == 0)
+                symbols[x] = finder.symbolOf(row[x]);
     }
 }
 

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace VORN::Migration {
 
@@ -42,11 +43,12 @@ constexpr std::uint8_t kMarkerStart = 0xFF;
     throw SupportException{kNoOrigin, "JPEG marker " + toHexadecimal(code)};
 }
 
-/// Goes through the marker segments of a file. File and picture are borrowed.
+/// Goes through the marker segments of a file. The picture is borrowed.
 class SegmentLoop {
 public:
-    SegmentLoop(std::span<const std::uint8_t> file, DynamicBuffer& picture)
-        : rest_{file},
+    SegmentLoop(IncrementalBuffer file, DynamicBuffer& picture)
+        : file_{std::move(file)},
+          rest_{file_.data()},
           picture_{&picture} {}
 
     /// Reads up to the end of the image and completes the picture; returns its layout.
@@ -64,7 +66,8 @@ private:
     void readQuantizationTables(Segment segment);
     void readRestartInterval(Segment segment);
 
-    std::span<const std::uint8_t> rest_;
+    IncrementalBuffer file_;
+    std::span<const std::uint8_t> rest_; // of the file
     DynamicBuffer* picture_;
     Tables tables_;
     std::optional<BlockReader> frame_;
@@ -75,6 +78,8 @@ const FrameLayout& SegmentLoop::read() {
         readSegment(next);
     if (!frame_)
         refuse("Image without frame. ");
+    rest_ = {};
+    file_ = {}; // before the picture takes memory
     frame_->finish();
     return frame_->layout();
 }
@@ -200,8 +205,7 @@ ImageMetadata describe(const FrameLayout& layout) {
 } // namespace
 
 void JPEGImporter::importImage(DynamicBuffer& buffer, Metadata& metadata) {
-    const IncrementalBuffer file = readFile(stream());
-    SegmentLoop segments{file.data(), buffer};
+    SegmentLoop segments{readFile(stream()), buffer};
     metadata.assign(describe(segments.read()));
 }
 

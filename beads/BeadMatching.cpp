@@ -4,12 +4,13 @@
 #include "beads/ColorCache.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace VORN {
 
 namespace {
 
-/// Turns colours of a picture into symbols, and works each distinct colour out only once.
+/// Turns colours of a picture into symbols.
 class SymbolFinder {
 public:
     SymbolFinder(const PaletteMatcher& matcher, const std::optional<ColorBox>& transparent)
@@ -17,26 +18,40 @@ public:
           cells_{matcher},
           transparent_{transparent} {}
 
-    /// The symbol of a colour if it has been worked out, else 0.
-    char knownSymbolOf(const Rgb& pixel) {
-        if (transparent_ && transparent_->contains(pixel))
-            return kNoBead;
-        return cache_[pixel];
+    bool isTransparent(const Rgb& pixel) const {
+        return transparent_ && transparent_->contains(pixel);
     }
-    char symbolOf(const Rgb& pixel) {
-        if (transparent_ && transparent_->contains(pixel))
+    char operator()(const Rgb& pixel) {
+        if (isTransparent(pixel))
             return kNoBead;
-        char& symbol = cache_[pixel]; // 0: not known yet
-        if (symbol == 0)
-            symbol = matcher_->symbol(cells_.nearest(
-                {toComponent(pixel.red), toComponent(pixel.green), toComponent(pixel.blue)}));
-        return symbol;
+        return matcher_->symbol(cells_.nearest(
+            {toComponent(pixel.red), toComponent(pixel.green), toComponent(pixel.blue)}));
     }
 
 private:
     const PaletteMatcher* matcher_;
     ColorCells cells_;
     std::optional<ColorBox> transparent_;
+};
+
+/// The same, but works each distinct colour out only once.
+class CachedSymbolFinder {
+public:
+    explicit CachedSymbolFinder(SymbolFinder finder) : finder_{std::move(finder)} {}
+
+    /// The symbol of a colour if it has been worked out, else 0.
+    char known(const Rgb& pixel) { return finder_.isTransparent(pixel) ? kNoBead : cache_[pixel]; }
+    char operator()(const Rgb& pixel) {
+        if (finder_.isTransparent(pixel))
+            return kNoBead;
+        char& symbol = cache_[pixel];
+        if (symbol == 0)
+            symbol = finder_(pixel);
+        return symbol;
+    }
+
+private:
+    SymbolFinder finder_;
     ColorCache cache_;
 };
 
@@ -86,8 +101,9 @@ Rgb sample(const PictureView& picture, float px, float py) {
     return {blend(&Rgb::red), blend(&Rgb::green), blend(&Rgb::blue)};
 }
 
-/// Matches the interpolated colour at each bead's place.
-void matchSamples(const PictureView& picture, SymbolFinder& finder, const LayerShape& shape,
+/// Matches the interpolated colour at each bead's place; `symbolOf` gives the symbol of a colour.
+template <class SymbolOf>
+void matchSamples(const PictureView& picture, SymbolOf& symbolOf, const LayerShape& shape,
                   std::string& content) {
     const BeadGeometry geometry{shape};
     const Hyperrectangle<2, float> box = geometry.box();
@@ -97,22 +113,22 @@ void matchSamples(const PictureView& picture, SymbolFinder& finder, const LayerS
         const Point<2, float> position = geometry.position(bead);
         const float px = across.clamp(across(position[0]));
         const float py = down.clamp(down.flipped(position[1]));
-        content[bead.position] = finder.symbolOf(sample(picture, px, py));
+        content[bead.position] = symbolOf(sample(picture, px, py));
     }
 }
 
 /// Matches a square layer with one bead for every pixel, to which `matchSamples` would give the
 /// same.
-void matchPixels(const PictureView& picture, SymbolFinder& finder, std::string& content) {
+void matchPixels(const PictureView& picture, CachedSymbolFinder& symbolOf, std::string& content) {
     char* symbols = content.data();
     for (std::size_t y = 0; y < picture.height(); ++y, symbols += picture.width()) {
         const PixelRow row = picture.row(y);
         // In a loop of its own, as no look-up has to wait for the one before.
         for (std::size_t x = 0; x < row.width(); ++x)
-            symbols[x] = finder.knownSymbolOf(row[x]);
+            symbols[x] = symbolOf.known(row[x]);
         for (std::size_t x = 0; x < row.width(); ++x)
             if (symbols[x] == 0)
-                symbols[x] = finder.symbolOf(row[x]);
+                symbols[x] = symbolOf(row[x]);
     }
 }
 
@@ -125,6 +141,10 @@ bool hasBeadPerPixel(const PictureView& picture, const LayerShape& shape) {
            picture.width() <= kExact && picture.height() <= kExact;
 }
 
+/// A pattern of up to this many beads is not worth the memory of a cache, which is touched in a new
+/// page for nearly every colour.
+constexpr std::size_t kFewBeads = ColorCells::kFirstColors;
+
 } // namespace
 
 void matchBeads(const PictureView& picture, const PaletteMatcher& matcher,
@@ -133,10 +153,13 @@ void matchBeads(const PictureView& picture, const PaletteMatcher& matcher,
     if (picture.isEmpty())
         return;
     SymbolFinder finder{matcher, transparent};
+    if (content.size() <= kFewBeads)
+        return matchSamples(picture, finder, shape, content);
+    CachedSymbolFinder cachedFinder{std::move(finder)};
     if (hasBeadPerPixel(picture, shape))
-        matchPixels(picture, finder, content);
+        matchPixels(picture, cachedFinder, content);
     else
-        matchSamples(picture, finder, shape, content);
+        matchSamples(picture, cachedFinder, shape, content);
 }
 
 } // namespace VORN

@@ -14,7 +14,7 @@ namespace VORN {
 /// the centres of the picture's corner pixels lie in the corners of the box and the first row of
 /// the text is at the top. Between pixel centres the picture is interpolated. Beads where the
 /// colour is within `transparent`, if that is given, become `kNoBead`. An empty picture changes
-/// nothing. Each distinct colour is matched once.
+/// nothing. Each distinct colour is matched once, unless there are only a few beads.
 void matchBeads(const PictureView& picture, const PaletteMatcher& matcher,
                 const std::optional<ColorBox>& transparent, const LayerShape& shape,
                 std::string& content);

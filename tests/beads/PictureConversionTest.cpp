@@ -44,6 +44,15 @@ std::string matched(const PictureView& picture, PatternStyle style, const Tuple<
     return content;
 }
 
+Picture noise(unsigned width, unsigned height) {
+    std::mt19937 random{width * 1000 + height};
+    Picture picture{width, height, 3};
+    for (unsigned y = 0; y < height; ++y)
+        for (unsigned char& sample : picture.rowSamples(y))
+            sample = static_cast<unsigned char>(random());
+    return picture;
+}
+
 TEST(MatchBeads, KeepsThePictureUpright) {
     const auto square = greys({"012", "345", "543"});
     EXPECT_EQ(matched(square, PatternStyle::Square, {3, 3}), "012345543");
@@ -59,6 +68,23 @@ TEST(MatchBeads, KeepsThePictureUpright) {
     // Grey pictures hold one channel.
     EXPECT_EQ(matched(greys({"012", "345"}, 1), PatternStyle::Square, {3, 2}), "012345");
     EXPECT_EQ(matched(greys({"05", "05"}, 1), PatternStyle::Hex, {2, 2}), "0 3  2 5");
+}
+
+// Patterns of more than a few beads remember colours; each of these has dozens of beads.
+TEST(MatchBeads, GivesEachColorItsSymbolInLargePatternsToo) {
+    const ColorBox transparent{{0.5F, 0.5F, 0.5F}, 0.3F};
+    Picture picture = noise(40, 30);
+    for (unsigned y = 0; y < 30; ++y)
+        for (unsigned char& sample : picture.rowSamples(y))
+            sample &= 0xC0;
+    const std::string content = matched(picture, PatternStyle::Square, {40, 30}, transparent);
+    const PaletteMatcher matcher{greyPalette(), RgbDistance{}};
+    for (unsigned i = 0; i < 40 * 30; ++i) {
+        const Rgb pixel = PictureView{picture}.row(i / 40)[i % 40];
+        const char symbol = matcher.symbol(matcher.nearest(
+            {toComponent(pixel.red), toComponent(pixel.green), toComponent(pixel.blue)}));
+        EXPECT_EQ(content[i], transparent.contains(pixel) ? kNoBead : symbol);
+    }
 }
 
 TEST(MatchBeads, LosesNoBeadAtTheEdge) {
@@ -80,15 +106,6 @@ TEST(ColorBox, RoundsOutwards) {
             const auto grey = static_cast<unsigned char>(byte);
             EXPECT_EQ(box.contains({grey, grey, grey}), c.first <= byte && byte <= c.last) << byte;
         }
-}
-
-Picture noise(unsigned width, unsigned height) {
-    std::mt19937 random{width * 1000 + height};
-    Picture picture{width, height, 3};
-    for (unsigned y = 0; y < height; ++y)
-        for (unsigned char& sample : picture.rowSamples(y))
-            sample = static_cast<unsigned char>(random());
-    return picture;
 }
 
 TEST(Crop, CountsFromTheTopLeftCorner) {

@@ -1,7 +1,7 @@
 #include "app/InputLoading.h"
 
-#include "core/Platform.h"
 #include "core/Console.h"
+#include "core/Platform.h"
 #include "core/ResourcePackage.h"
 #include "migration/CodecSelection.h"
 #include "migration/ImageSignal.h"

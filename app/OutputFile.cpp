@@ -1,7 +1,7 @@
 #include "app/OutputFile.h"
 
-#include "core/Platform.h"
 #include "core/Exception.h"
+#include "core/Platform.h"
 
 #include <system_error>
 #include <utility>

@@ -1,9 +1,9 @@
 #include "app/OutputSaving.h"
 
 #include "app/OutputFile.h"
-#include "core/Platform.h"
 #include "core/Console.h"
 #include "core/Exception.h"
+#include "core/Platform.h"
 #include "migration/CodecSelection.h"
 #include "migration/ImageSignal.h"
 

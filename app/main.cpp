@@ -1,6 +1,6 @@
-#include "core/Platform.h"
 #include "app/Program.h"
 #include "core/Console.h"
+#include "core/Platform.h"
 
 #include <cstdlib>
 #include <exception>

@@ -107,7 +107,14 @@ public:
 
     /// The region of `width` x `height` pixels whose top left pixel is (x, y). It must not reach
     /// beyond the picture.
-    PictureView region(unsigned x, unsigned y, unsigned width, unsigned height) const;
+    PictureView region(unsigned x, unsigned y, unsigned width, unsigned height) const {
+        PictureView region = *this;
+        region.width_ = width;
+        region.height_ = height;
+        if (!region.isEmpty())
+            region.bottomRow_ += (height_ - y - height) * rowBytes_ + std::size_t{x} * channels_;
+        return region;
+    }
 
 private:
     const unsigned char* bottomRow_ = nullptr;
@@ -141,7 +148,10 @@ public:
     unsigned height() const { return size_[2]; }
     /// Sets the size: channels, width and height. The pixels have no defined value then. Memory is
     /// used again if it suffices; running out of it is an `AllocateException`.
-    void resize(const Tuple<3, unsigned>& size);
+    void resize(const Tuple<3, unsigned>& size) {
+        samples_.resize(sampleCount(size));
+        size_ = size;
+    }
     /// The bytes of row `y`, counted from the top and below the height, to be changed.
     std::span<unsigned char> rowSamples(std::size_t y) {
         const std::size_t bytes = std::size_t{size_[0]} * size_[1];

@@ -24,7 +24,12 @@ public:
 
     /// Writes the line of `printedForm` and flushes. It is composed as a whole before its first
     /// byte is written; throws what the stream throws, and `std::bad_alloc`.
-    void handle(const Exception& exception, const std::string& context) override;
+    void handle(const Exception& exception, const std::string& context) override {
+        const std::lock_guard lock{mutex_};
+        writer_.write(printedForm(exception, context));
+        writer_.flush();
+        ++count_;
+    }
     unsigned count() const { return count_; }
 
 private:

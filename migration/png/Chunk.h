@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/Crc32.h"
+#include "core/Exception.h"
+#include "core/Serialization.h"
 #include "core/Stream.h"
 
 #include <algorithm>
@@ -8,6 +10,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// What reading and writing PNG share (ISO/IEC 15948).
 namespace VORN::Migration::PNG {
@@ -40,18 +43,27 @@ inline constexpr ChunkType kData = chunkType(2);
 inline constexpr ChunkType kEnd = chunkType(3);
 
 /// Throws the `FormatException` of "png"; `detail` says what is wrong.
-[[noreturn]] void refuse(std::string detail);
+[[noreturn]] inline void refuse(std::string detail) {
+    throw FormatException{kNoOrigin, "png", std::move(detail)};
+}
 
 /// Writes one chunk (PNG, clause 5.3), piece by piece.
 class ChunkWriter : public WriteStream {
 public:
     /// Begins the chunk. Exactly `length` bytes of data must be written before `finish`. `out` is
     /// borrowed and must outlive the writer.
-    ChunkWriter(WriteStream& out, const ChunkType& type, std::uint32_t length);
+    ChunkWriter(WriteStream& out, const ChunkType& type, std::uint32_t length) : out_{&out} {
+        out.write(toBigEndian(length));
+        out.write(type);
+        checksum_.update(type);
+    }
 
-    void write(std::span<const std::uint8_t> data) override;
+    void write(std::span<const std::uint8_t> data) override {
+        checksum_.update(data);
+        out_->write(data);
+    }
     /// Ends the chunk with its checksum.
-    void finish();
+    void finish() { out_->write(toBigEndian(checksum_.value())); }
 
 private:
     WriteStream* out_;

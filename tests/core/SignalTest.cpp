@@ -1,5 +1,6 @@
 #include "core/Signal.h"
 #include "core/BinarySignal.h"
+#include "core/CheckedSize.h"
 #include "core/Hyperrectangle.h"
 #include "core/Serialization.h"
 #include "tests/Bytes.h"
@@ -37,6 +38,17 @@ TEST(BinarySignal, PacksRowsIntoWords) {
     EXPECT_EQ(signal.words()[2], 2U);
     EXPECT_TRUE(signal.get(32, 0));
     EXPECT_FALSE(signal.get(31, 0));
+}
+
+TEST(CheckedSize, RemembersWhatWasTooLarge) {
+    constexpr std::uint64_t kMost = ~std::uint64_t{0};
+    constexpr CheckedSize kHalf{std::uint64_t{1} << 63};
+    EXPECT_EQ((kHalf + (kMost >> 1)).sizeOf("size"), kMost);
+    for (const CheckedSize size : {kHalf * 2 * 0, CheckedSize{0} * (kHalf + kHalf), kHalf * 2 + 1,
+                                   CheckedSize{1} + kHalf * 2, kHalf + kHalf + 0}) {
+        EXPECT_EQ(size.saturated(), kMost);
+        EXPECT_EQ(complaintOf([&] { size.sizeOf("size"); }), "Failed to allocate size. ");
+    }
 }
 
 TEST(Hyperrectangle, ExcludesItsUpperEdge) {

@@ -83,6 +83,9 @@ TEST(JPEGImporter, NamesWhatIsWrong) {
         ++cases;
     }
     EXPECT_EQ(cases, 72U);
+    // A segment may be the last thing in a file.
+    EXPECT_EQ(complaintAbout({0xFF, 0xD8, 0xFF, 0xDD, 0, 5, 0, 0, 0}),
+              "jpeg : Define restart interval segment larger than expected. ");
 }
 
 } // namespace

@@ -179,27 +179,26 @@ void NearestBead::Raster::addColumn(float x) {
 }
 
 std::span<const std::optional<std::size_t>> NearestBead::Raster::findRow(float y) {
-    const BeadGeometry& geometry = beads_.geometry_;
-    const std::size_t rowLength = geometry.shape().rowLength(0);
-    const Window rows = windowAround(y / geometry.rowPitch(), kWindow, beads_.rows_);
-    if (columnsAreNear_ && beads_.near_.contains(Point<2, float>{0.0F, y}) &&
-        rows.last * rowLength <= beads_.length_)
-        searchGrid(y, rows.first, rows.last);
-    else
+    const bool isNear = columnsAreNear_ && beads_.near_.contains(Point<2, float>{0.0F, y});
+    if (!isNear || !searchGrid(y))
         for (std::size_t i = 0; i < columns_.size(); ++i)
             found_[i] = beads_.find({columns_[i], y});
     return found_;
 }
 
-/// Compares as `NearestBead::searchGrid` does, but each bead with all points.
-void NearestBead::Raster::searchGrid(float y, std::size_t firstRow, std::size_t lastRow) {
+/// Compares as `NearestBead::searchGrid` does, but each bead with all points. Returns false, and
+/// has done nothing, if one of the three rows is incomplete.
+bool NearestBead::Raster::searchGrid(float y) {
     const BeadGeometry& geometry = beads_.geometry_;
     const std::size_t rowLength = geometry.shape().rowLength(0);
+    const Window rows = windowAround(y / geometry.rowPitch(), kWindow, beads_.rows_);
+    if (rows.last * rowLength > beads_.length_)
+        return false;
     least_.assign(columns_.size(), std::numeric_limits<float>::infinity());
     nearest_.assign(columns_.size(), 0);
     std::array<std::size_t, kWindow * kWindow> positions{}; // with the column 0 for the first
-    for (unsigned k = 0; k < kWindow * (lastRow - firstRow); ++k) {
-        const std::size_t row = firstRow + k / kWindow;
+    for (unsigned k = 0; k < kWindow * (rows.last - rows.first); ++k) {
+        const std::size_t row = rows.first + k / kWindow;
         positions[k] = row * rowLength + k % kWindow;
         const float offset = geometry.gridPosition(row, 0)[1] - y;
         const std::span<const float> squares = squares_[row % 2][k % kWindow];
@@ -212,6 +211,7 @@ void NearestBead::Raster::searchGrid(float y, std::size_t firstRow, std::size_t 
     }
     for (std::size_t i = 0; i < columns_.size(); ++i)
         found_[i] = positions[nearest_[i]] + firstColumns_[i];
+    return true;
 }
 
 } // namespace VORN

@@ -61,7 +61,7 @@ public:
 
 private:
     void addColumn(float x);
-    void searchGrid(float y, std::size_t firstRow, std::size_t lastRow);
+    bool searchGrid(float y);
 
     const NearestBead& beads_;
     std::span<const float> columns_;

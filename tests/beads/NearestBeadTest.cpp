@@ -63,6 +63,8 @@ TEST_P(NearestBeadTest, IsTheSameInARaster) {
                     ASSERT_EQ(found[i], nearestByWalk(layer, {columns[i], y}))
                         << "at " << columns[i] << ", " << y;
             }
+            for (const auto& found : raster.findRow(std::nanf("")))
+                ASSERT_EQ(found, nearestByWalk(layer, {columns[0], std::nanf("")}));
         }
 }
 

@@ -18,11 +18,8 @@ public:
           cells_{matcher},
           transparent_{transparent} {}
 
-    bool isTransparent(const Rgb& pixel) const {
-        return transparent_ && transparent_->contains(pixel);
-    }
     char operator()(const Rgb& pixel) {
-        if (isTransparent(pixel))
+        if (transparent_ && transparent_->contains(pixel))
             return kNoBead;
         return matcher_->symbol(cells_.nearest(
             {toComponent(pixel.red), toComponent(pixel.green), toComponent(pixel.blue)}));
@@ -40,10 +37,8 @@ public:
     explicit CachedSymbolFinder(SymbolFinder finder) : finder_{std::move(finder)} {}
 
     /// The symbol of a colour if it has been worked out, else 0.
-    char known(const Rgb& pixel) { return finder_.isTransparent(pixel) ? kNoBead : cache_[pixel]; }
+    char known(const Rgb& pixel) { return cache_[pixel]; }
     char operator()(const Rgb& pixel) {
-        if (finder_.isTransparent(pixel))
-            return kNoBead;
         char& symbol = cache_[pixel];
         if (symbol == 0)
             symbol = finder_(pixel);

@@ -106,7 +106,7 @@ PROMPT='? '
 END
     cat >../drive <<'END'
 zmodload zsh/zpty
-zpty editor ZDOTDIR=.. zsh -d -i
+zpty editor ZDOTDIR=.. zsh -d -i || { print -u2 "Skipped, no terminal can be made up"; exit 77 }
 zpty -r editor shown '*[?] *'
 while IFS= read -r line; do
     zpty -w -n editor "$line"$'\x01\t\x02'

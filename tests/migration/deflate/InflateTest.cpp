@@ -142,7 +142,7 @@ TEST(ZlibHeader, NamesTheFirstFieldThatIsWrong) {
         {{0x78, 0x20}, "png : zlib header indicates preset dictionary"},
     };
     for (const auto& [header, complaint] : kCases)
-        EXPECT_EQ(complaintOf([&header = header] { header.check(); }), complaint);
+        EXPECT_EQ(complaintOf([&tried = header] { tried.check(); }), complaint);
 }
 
 } // namespace

@@ -4,7 +4,8 @@
 # A package that is not listed shows itself only as a package.
 declare -A shows=(
     [clang]=clang++ [clang-19]=clang++-19 [clang-format-19]=clang-format-19
-    [clang-tidy-19]=clang-tidy-19 [cmake]=cmake [cppcheck]=cppcheck [dpkg-dev]=dpkg-shlibdeps [file]=file [fish]=fish [g++]=c++
+    [clang-tidy-19]=clang-tidy-19 [cmake]=cmake [cppcheck]=cppcheck [dpkg-dev]=dpkg-shlibdeps
+    [file]=file [fish]=fish [g++]=c++
     [g++-aarch64-linux-gnu]=aarch64-linux-gnu-g++ [g++-i686-linux-gnu]=i686-linux-gnu-g++
     [g++-mingw-w64-x86-64-posix]=x86_64-w64-mingw32-g++-posix
     [g++-s390x-linux-gnu]=s390x-linux-gnu-g++ [gcovr]=gcovr [git]=git

@@ -8,6 +8,7 @@
 #include "tests/beads/TextFiles.h"
 
 #include <iostream>
+#include <vector>
 
 using namespace VORN;
 using namespace VORN::Fuzz;
@@ -19,12 +20,25 @@ constexpr std::size_t kLargestLayer = 2000; // characters; what is slow is done 
 void findBeads(const LayerView& layer) {
     const NearestBead nearestBead{layer};
     const auto box = BeadGeometry{layer.shape}.box();
+    std::vector<float> columns;
+    std::vector<float> rows;
     for (unsigned step = 0; step < 8; ++step) {
         const float part = static_cast<float>(step) / 5.0F - 0.2F;
-        const Point<2, float> place{box.origin()[0] + part * box.extent()[0],
-                                    box.origin()[1] + (1 - part * part) * box.extent()[1]};
-        require(nearestBead.find(place) == nearestByWalk(layer, place),
-                "the nearest bead is the one that the walk finds");
+        columns.push_back(box.origin()[0] + part * box.extent()[0]);
+        rows.push_back(box.origin()[1] + (1 - part * part) * box.extent()[1]);
+    }
+    // All columns, and those inside of the layer only.
+    for (const std::span<const float> across :
+         {std::span{columns}, std::span{columns}.subspan(1, 5)}) {
+        NearestBead::Raster raster{nearestBead, across};
+        for (const float y : rows) {
+            const std::span found = raster.findRow(y);
+            for (std::size_t i = 0; i < across.size(); ++i) {
+                const auto expected = nearestByWalk(layer, {across[i], y});
+                require(nearestBead.find({across[i], y}) == expected && found[i] == expected,
+                        "the nearest bead is the one that the walk finds");
+            }
+        }
     }
 }
 

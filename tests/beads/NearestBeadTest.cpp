@@ -63,9 +63,23 @@ TEST_P(NearestBeadTest, IsTheSameInARaster) {
                     ASSERT_EQ(found[i], nearestByWalk(layer, {columns[i], y}))
                         << "at " << columns[i] << ", " << y;
             }
-            for (const auto& found : raster.findRow(std::nanf("")))
-                ASSERT_EQ(found, nearestByWalk(layer, {columns[0], std::nanf("")}));
         }
+}
+
+// Seen from far away, all beads of a column are equally far.
+TEST_P(NearestBeadTest, IsTheSameInARasterFarAwayOrNowhere) {
+    const auto& [style, size, length] = GetParam();
+    const std::string content(length, 'a');
+    const LayerView layer{{style, size}, content};
+    const NearestBead nearestBead{layer};
+    const Hyperrectangle<2, float> box = BeadGeometry{layer.shape}.box();
+    const float middle = box.origin()[1] + box.extent()[1] / 2;
+    for (const auto& [x, y] : {std::pair{box.origin()[0] - 50000.0F, middle},
+                               std::pair{box.origin()[0], std::nanf("")}}) {
+        const std::vector<float> columns{x};
+        EXPECT_EQ((NearestBead::Raster{nearestBead, columns}.findRow(y)[0]),
+                  nearestByWalk(layer, {x, y}));
+    }
 }
 
 // Files may give hex rows an odd number of characters and circles a first row of any length, so

@@ -42,8 +42,10 @@ constexpr std::array<NumberField, 5> kNumbers{{
 }};
 
 std::uint32_t ImageMetadata::* numberField(const std::string& key) {
-    const auto found = std::ranges::find(kNumbers, key, &NumberField::key);
-    return found == kNumbers.end() ? nullptr : found->field;
+    for (const NumberField& number : kNumbers)
+        if (number.key == key)
+            return number.field;
+    return nullptr;
 }
 
 ImageMetadata::Format parseFormat(const std::string& text) {

@@ -95,6 +95,21 @@ TEST(Streams, TellWhatFailed) {
     }
 }
 
+TEST(StreamPump, CopiesInChunks) {
+    StreamPump pump{4};
+    EXPECT_EQ(complaintOf([&] { pump.pump(0); }), "Stream pump source not initialized. ");
+    std::istringstream text{"0123456789"};
+    CppInStream source{text};
+    pump.setSource(&source);
+    EXPECT_EQ(complaintOf([&] { pump.pump(0); }), "Stream pump sink not initialized. ");
+    std::ostringstream copy;
+    CppOutStream sink{copy};
+    pump.setSink(&sink);
+    pump.pump(9);
+    EXPECT_EQ(copy.str(), "012345678");
+    EXPECT_EQ(complaintOf([&] { pump.pump(2); }), "Failed to read from input stream. ");
+}
+
 TEST(ReadAll, TakesWhatThereIs) {
     std::string text(200000, 'x');
     std::iota(text.begin(), text.end(), 0);

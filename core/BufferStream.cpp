@@ -10,9 +10,10 @@ namespace {
 
 void copyFrom(std::span<const std::uint8_t> bytes, std::size_t& position,
               std::span<std::uint8_t> destination) {
-    if (destination.size() > bytes.size() - position)
+    const std::span<const std::uint8_t> rest = bytes.subspan(std::min(position, bytes.size()));
+    if (destination.size() > rest.size())
         throw StreamException{kNoOrigin, "Attempted to read over end of buffer. "};
-    std::ranges::copy(bytes.subspan(position, destination.size()), destination.begin());
+    std::ranges::copy(rest.first(destination.size()), destination.begin());
     position += destination.size();
 }
 

@@ -3,6 +3,8 @@
 #include "core/Buffer.h"
 #include "core/Stream.h"
 
+#include <algorithm>
+
 namespace VORN {
 
 /// Reads a buffer, which is borrowed and must outlive the stream.
@@ -15,7 +17,7 @@ public:
 
     void read(std::span<std::uint8_t> destination) override;
     std::size_t readSome(std::span<std::uint8_t> destination) override;
-    bool atEnd() override { return position_ == buffer_->size(); }
+    bool atEnd() override { return position_ >= buffer_->size(); }
 
     /// A position beyond the end is a `StreamException`.
     void seek(std::uint64_t position) override;
@@ -23,11 +25,13 @@ public:
     std::uint64_t size() override { return buffer_->size(); }
 
     /// A view of the bytes from the position on; the position stays.
-    std::span<const std::uint8_t> rest() const { return buffer_->data().subspan(position_); }
+    std::span<const std::uint8_t> rest() const {
+        return buffer_->data().subspan(std::min(position_, buffer_->size()));
+    }
 
 private:
     const Buffer* buffer_;
-    std::size_t position_ = 0; // at most the buffer's size
+    std::size_t position_ = 0; // beyond the end once the buffer has been made shorter
 };
 
 /// Reads and writes a buffer at one common position.
@@ -41,7 +45,7 @@ public:
     explicit BufferStream(DynamicBuffer& buffer) : buffer_{&buffer} {}
 
     void read(std::span<std::uint8_t> destination) override;
-    bool atEnd() override { return position_ == buffer_->size(); }
+    bool atEnd() override { return position_ >= buffer_->size(); }
     void write(std::span<const std::uint8_t> source) override;
 
     void seek(std::uint64_t position) override;
@@ -50,7 +54,7 @@ public:
 
 private:
     DynamicBuffer* buffer_;
-    std::size_t position_ = 0; // at most the buffer's size
+    std::size_t position_ = 0; // beyond the end once the buffer has been made shorter
 };
 
 /// Appends to `destination` everything up to the end of `source`. Memory grows with the bytes that

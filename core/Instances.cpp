@@ -1,13 +1,16 @@
 #include "core/BinarySignal.h"
+#include "core/Buffer.h"
 #include "core/Hyperellipsoid.h"
 #include "core/Hyperrectangle.h"
 #include "core/Signal.h"
 #include "core/Tuple.h"
 
-// The library offers these instances of its numeric containers. The program does not use them all,
-// so all are compiled here: none can break unnoticed. Where an instance only inherits its members,
-// its base is listed as well.
+// The library offers these instances of its containers. The program does not use them all, so all
+// are compiled here: none can break unnoticed. Where an instance only inherits its members, its base
+// is listed as well.
 namespace VORN {
+
+template class ArrayBuffer<8>;
 
 template class Tuple<1, unsigned>;
 template class Tuple<1, float>;

@@ -95,6 +95,18 @@ TEST(Streams, TellWhatFailed) {
     }
 }
 
+TEST(BufferStream, EndsWithABufferThatWasMadeShorter) {
+    IncrementalBuffer buffer;
+    BufferStream stream{buffer};
+    stream.write(bytesOf("0123456789"));
+    buffer.resize(3);
+    EXPECT_TRUE(stream.atEnd());
+    EXPECT_EQ(take(stream, 0), "");
+    EXPECT_EQ(complaintOf([&] { take(stream, 1); }), "Attempted to read over end of buffer. ");
+    stream.seek(1);
+    EXPECT_EQ(take(stream, 2), "12");
+}
+
 TEST(StreamPump, CopiesInChunks) {
     StreamPump pump{4};
     EXPECT_EQ(complaintOf([&] { pump.pump(0); }), "Stream pump source not initialized. ");

@@ -19,18 +19,19 @@ void PrintTo(const Case& c, std::ostream* out) {
          << c.size[1] << " with " << c.length << " characters";
 }
 
-class NearestBeadTest : public testing::TestWithParam<Case> {};
+class NearestBeadTest : public testing::TestWithParam<Case> {
+protected:
+    const std::string content_ = std::string(GetParam().length, 'a');
+    const LayerView layer_{{GetParam().style, GetParam().size}, content_};
+    const NearestBead nearestBead_{layer_};
+    const Hyperrectangle<2, float> box_ = BeadGeometry{layer_.shape}.box();
+};
 
 // Points inside the box and up to four pitches outside; every second one on a raster of quarter
 // pitches, where many beads are equally far.
 TEST_P(NearestBeadTest, IsTheBeadThatTheWalkFinds) {
-    const auto& [style, size, length] = GetParam();
-    const std::string content(length, 'a');
-    const LayerView layer{{style, size}, content};
-    const NearestBead nearestBead{layer};
-    const Hyperrectangle<2, float> box = BeadGeometry{layer.shape}.box();
-    const Point<2, float> origin = box.origin();
-    const Point<2, float> end = box.origin() + box.extent();
+    const Point<2, float> origin = box_.origin();
+    const Point<2, float> end = box_.origin() + box_.extent();
     std::mt19937 random{20240707};
     std::uniform_real_distribution<float> x{origin[0] - 4, end[0] + 4};
     std::uniform_real_distribution<float> y{origin[1] - 4, end[1] + 4};
@@ -38,29 +39,24 @@ TEST_P(NearestBeadTest, IsTheBeadThatTheWalkFinds) {
         Point<2, float> point{x(random), y(random)};
         if (n % 2 == 0)
             point = {std::round(point[0] * 4) / 4, std::round(point[1] * 4) / 4};
-        ASSERT_EQ(nearestBead.find(point), nearestByWalk(layer, point))
+        ASSERT_EQ(nearestBead_.find(point), nearestByWalk(layer_, point))
             << "at " << point[0] << ", " << point[1];
     }
 }
 
 // Every second raster lies on quarter pitches, some reach out of the layer and its surroundings.
 TEST_P(NearestBeadTest, IsTheSameInARaster) {
-    const auto& [style, size, length] = GetParam();
-    const std::string content(length, 'a');
-    const LayerView layer{{style, size}, content};
-    const NearestBead nearestBead{layer};
-    const Hyperrectangle<2, float> box = BeadGeometry{layer.shape}.box();
     for (const float margin : {0.25F, 0.9F, 1.6F})
         for (const float step : {0.25F, 0.77F}) {
             std::vector<float> columns;
-            for (float x = -margin; x <= box.extent()[0] + margin; x += step)
-                columns.push_back(box.origin()[0] + x);
-            NearestBead::Raster raster{nearestBead, columns};
-            for (float down = -margin; down <= box.extent()[1] + margin; down += 3 * step) {
-                const float y = box.origin()[1] + down;
+            for (float x = -margin; x <= box_.extent()[0] + margin; x += step)
+                columns.push_back(box_.origin()[0] + x);
+            NearestBead::Raster raster{nearestBead_, columns};
+            for (float down = -margin; down <= box_.extent()[1] + margin; down += 3 * step) {
+                const float y = box_.origin()[1] + down;
                 const std::span found = raster.findRow(y);
                 for (std::size_t i = 0; i < columns.size(); ++i)
-                    ASSERT_EQ(found[i], nearestByWalk(layer, {columns[i], y}))
+                    ASSERT_EQ(found[i], nearestByWalk(layer_, {columns[i], y}))
                         << "at " << columns[i] << ", " << y;
             }
         }
@@ -68,17 +64,12 @@ TEST_P(NearestBeadTest, IsTheSameInARaster) {
 
 // Seen from far away, all beads of a column are equally far.
 TEST_P(NearestBeadTest, IsTheSameInARasterFarAwayOrNowhere) {
-    const auto& [style, size, length] = GetParam();
-    const std::string content(length, 'a');
-    const LayerView layer{{style, size}, content};
-    const NearestBead nearestBead{layer};
-    const Hyperrectangle<2, float> box = BeadGeometry{layer.shape}.box();
-    const float middle = box.origin()[1] + box.extent()[1] / 2;
-    for (const auto& [x, y] : {std::pair{box.origin()[0] - 50000.0F, middle},
-                               std::pair{box.origin()[0], std::nanf("")}}) {
+    const float middle = box_.origin()[1] + box_.extent()[1] / 2;
+    for (const auto& [x, y] : {std::pair{box_.origin()[0] - 50000.0F, middle},
+                               std::pair{box_.origin()[0], std::nanf("")}}) {
         const std::vector<float> columns{x};
-        EXPECT_EQ((NearestBead::Raster{nearestBead, columns}.findRow(y)[0]),
-                  nearestByWalk(layer, {x, y}));
+        EXPECT_EQ((NearestBead::Raster{nearestBead_, columns}.findRow(y)[0]),
+                  nearestByWalk(layer_, {x, y}));
     }
 }
 

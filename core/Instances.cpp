@@ -6,8 +6,8 @@
 #include "core/Tuple.h"
 
 // The library offers these instances of its containers. The program does not use them all, so all
-// are compiled here: none can break unnoticed. Where an instance only inherits its members, its base
-// is listed as well.
+// are compiled here: none can break unnoticed. Where an instance only inherits its members, its
+// base is listed as well.
 namespace VORN {
 
 template class ArrayBuffer<8>;

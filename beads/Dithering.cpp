@@ -2,22 +2,11 @@
 
 #include "beads/ColorCells.h"
 
-#include <array>
 #include <vector>
 
 namespace VORN {
 
 namespace {
-
-/// The component that each byte of a picture stands for.
-consteval std::array<float, 256> componentsOfBytes() {
-    std::array<float, 256> components{};
-    for (std::size_t byte = 0; byte < components.size(); ++byte)
-        components[byte] = toComponent(static_cast<unsigned char>(byte));
-    return components;
-}
-
-constexpr std::array<float, 256> kComponents = componentsOfBytes();
 
 /// Matches the rows of a picture from the top and carries the errors from pixel to pixel.
 class Diffusion {
@@ -35,8 +24,8 @@ public:
         Error running{};
         for (std::size_t x = 0; x < width; ++x) {
             const Rgb pixel = row[x];
-            ColorPlace corrected{kComponents[pixel.red], kComponents[pixel.green],
-                                 kComponents[pixel.blue]};
+            ColorPlace corrected{toComponent(pixel.red), toComponent(pixel.green),
+                                 toComponent(pixel.blue)};
             for (std::size_t c = 0; c < corrected.size(); ++c)
                 corrected[c] = corrected[c] + 0.4375F * running[c] + 0.3125F * above[x + 1][c] +
                                0.1875F * above[x][c] + 0.0625F * above[x + 2][c];

@@ -34,8 +34,16 @@ private:
     Tuple<3, float> components_;
 };
 
+/// The component that each byte of a picture stands for, a 255th of it.
+constexpr std::array<float, 256> kComponents = [] {
+    std::array<float, 256> components{};
+    for (std::size_t byte = 0; byte < components.size(); ++byte)
+        components[byte] = static_cast<float>(static_cast<double>(byte) / 255.0);
+    return components;
+}();
+
 /// The component that a byte of a picture stands for.
-constexpr float toComponent(unsigned char byte) { return static_cast<float>(byte / 255.0); }
+constexpr float toComponent(unsigned char byte) { return kComponents[byte]; }
 
 /// The byte of a picture that shows `component`: the integer part of `component` times 255, clamped
 /// to 0..255. NaN becomes 0.

@@ -35,12 +35,15 @@ private:
 };
 
 /// The component that each byte of a picture stands for, a 255th of it.
-constexpr std::array<float, 256> kComponents = [] {
+consteval std::array<float, 256> componentsOfBytes() {
     std::array<float, 256> components{};
     for (std::size_t byte = 0; byte < components.size(); ++byte)
         components[byte] = static_cast<float>(static_cast<double>(byte) / 255.0);
     return components;
-}();
+}
+
+/// The result of `componentsOfBytes`.
+inline constexpr std::array<float, 256> kComponents = componentsOfBytes();
 
 /// The component that a byte of a picture stands for.
 constexpr float toComponent(unsigned char byte) { return kComponents[byte]; }

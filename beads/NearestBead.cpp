@@ -10,20 +10,6 @@ namespace VORN {
 
 namespace {
 
-/// The indices from `first` up to, but not including, `last`.
-struct Window {
-    std::size_t first;
-    std::size_t last;
-};
-
-/// The `width` indices nearest to `centre` among those below `count`, or all if there are fewer.
-Window windowAround(double centre, std::size_t width, std::size_t count) {
-    const std::size_t latest = count > width ? count - width : 0;
-    const double begin = std::clamp(centre - 0.5, 0.0, static_cast<double>(latest));
-    const auto first = static_cast<std::size_t>(static_cast<std::int64_t>(begin));
-    return {first, std::min(first + width, count)};
-}
-
 /// `box` with a margin of one bead pitch on every side.
 Hyperrectangle<2, float> widened(const Hyperrectangle<2, float>& box) {
     const Point<2, float>& origin = box.origin();
@@ -32,6 +18,13 @@ Hyperrectangle<2, float> widened(const Hyperrectangle<2, float>& box) {
 }
 
 } // namespace
+
+NearestBead::Window NearestBead::windowAround(double centre, std::size_t count) {
+    const std::size_t latest = count > kWindow ? count - kWindow : 0;
+    const double begin = std::clamp(centre - 0.5, 0.0, static_cast<double>(latest));
+    const auto first = static_cast<std::size_t>(static_cast<std::int64_t>(begin));
+    return {first, std::min(first + kWindow, count)};
+}
 
 /// The nearest bead so far; at equal distances the one with the lowest content position.
 class NearestBead::Best {
@@ -95,12 +88,12 @@ void NearestBead::searchGrid(const Point<2, float>& point, Best& best) const {
         return;
     Best nearest = best; // a local copy, which the compiler keeps in registers
     const double place = point[0] / geometry_.columnPitch();
-    const Window wholeRow = windowAround(place, kWindow, rowLength);
-    const Window rows = windowAround(point[1] / geometry_.rowPitch(), kWindow, rows_);
+    const Window wholeRow = windowAround(place, rowLength);
+    const Window rows = windowAround(point[1] / geometry_.rowPitch(), rows_);
     for (std::size_t row = rows.first; row < rows.last; ++row) {
         const std::size_t start = row * rowLength;
         const std::size_t count = std::min(rowLength, length_ - start);
-        const Window columns = count == rowLength ? wholeRow : windowAround(place, kWindow, count);
+        const Window columns = count == rowLength ? wholeRow : windowAround(place, count);
         for (std::size_t column = columns.first; column < columns.last; ++column)
             if (shape.isBead(row, column))
                 nearest.considerNext(start + column, geometry_.gridPosition(row, column));
@@ -114,7 +107,7 @@ void NearestBead::searchRings(const Point<2, float>& point, Best& best) const {
     const double turn = std::atan2(point[1], point[0]) / (2 * std::numbers::pi);
     const double ring =
         std::sqrt(squaredDistance(point, Point<2, float>{})) / BeadGeometry::ringRadius(1);
-    const Window rings = windowAround(ring, kWindow, rows_);
+    const Window rings = windowAround(ring, rows_);
     for (std::size_t r = rings.first; r < rings.last; ++r)
         searchRing(r, turn, best);
 }
@@ -166,7 +159,7 @@ NearestBead::Raster::Raster(const NearestBead& beads, std::span<const float> col
 void NearestBead::Raster::addColumn(float x) {
     const BeadGeometry& geometry = beads_.geometry_;
     const LayerShape& shape = geometry.shape();
-    const Window window = windowAround(x / geometry.columnPitch(), kWindow, shape.rowLength(0));
+    const Window window = windowAround(x / geometry.columnPitch(), shape.rowLength(0));
     firstColumns_.push_back(window.first);
     for (std::size_t parity = 0; parity < 2; ++parity)
         for (std::size_t i = 0; i < kWindow; ++i) {
@@ -191,7 +184,7 @@ std::span<const std::optional<std::size_t>> NearestBead::Raster::findRow(float y
 bool NearestBead::Raster::searchGrid(float y) {
     const BeadGeometry& geometry = beads_.geometry_;
     const std::size_t rowLength = geometry.shape().rowLength(0);
-    const Window rows = windowAround(y / geometry.rowPitch(), kWindow, beads_.rows_);
+    const Window rows = windowAround(y / geometry.rowPitch(), beads_.rows_);
     if (rows.last * rowLength > beads_.length_)
         return false;
     least_.assign(columns_.size(), std::numeric_limits<float>::infinity());

@@ -32,7 +32,16 @@ public:
 
 private:
     class Best;
+
     static constexpr std::size_t kWindow = 3; // rows, columns or rings compared around a point
+    /// The indices from `first` up to, but not including, `last`.
+    struct Window {
+        std::size_t first;
+        std::size_t last;
+    };
+    /// The `kWindow` indices nearest to `centre` among those below `count`, or all if there are
+    /// fewer.
+    static Window windowAround(double centre, std::size_t count);
 
     void searchGrid(const Point<2, float>& point, Best& best) const;
     void searchRings(const Point<2, float>& point, Best& best) const;
